@@ -1,0 +1,132 @@
+// From a C++ function to a Python callable: argument binding, conversion of arguments and result.
+#pragma once
+#include "convert.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace zv {
+
+struct Signature {
+    Name name{""};
+    std::vector<Param> params;
+};
+template <auto F> inline Signature signatureOf;  // filled when the method is declared
+
+template <class F> struct Callable;  // what a pointer tells about a function or method
+template <class R, class... A> struct Callable<R (*)(A...)> {
+    using Class = void;
+    using Result = R;
+    using Args = std::tuple<A...>;
+    static constexpr bool hasRest = (std::is_same_v<A, Rest> || ...);
+    static constexpr size_t named = sizeof...(A) - hasRest;
+};
+template <class R, class C, class... A> struct Callable<R (C::*)(A...)> : Callable<R (*)(A...)> {
+    using Class = C;
+};
+template <class R, class C, class... A> struct Callable<R (C::*)(A...) const> : Callable<R (C::*)(A...)> {};
+
+// Sorts positional and keyword arguments into one slot per parameter; empty slots take the fallback.
+void bindArguments(const Signature&, PyObject** slots, size_t count, bool hasRest,
+                   PyObject* const* argv, Py_ssize_t given, PyObject* kwnames, PyObject* kwdict);
+
+// What docs say of the parameters and the result, and the line that inspect.signature() reads.
+struct Documented {
+    std::vector<std::string> argTypes;
+    std::string resultType;
+    bool hasRest;
+
+    template <auto F> static Documented of() {
+        using S = Callable<decltype(F)>;
+        Documented d;
+        d.hasRest = S::hasRest;
+        [&]<size_t... I>(std::index_sequence<I...>) {
+            (d.argTypes.push_back(Convert<std::tuple_element_t<I, typename S::Args>>::name()), ...);
+        }(std::make_index_sequence<S::named>{});
+        using Result = std::remove_cvref_t<typename S::Result>;
+        if constexpr (!std::is_void_v<Result>) d.resultType = Convert<Result>::name();
+        return d;
+    }
+    std::string signature(const char* name, const char* self, const std::vector<Param>&) const;
+    std::string text(const std::vector<Param>&, const char* doc) const;
+};
+
+template <auto F> PyObject* invoke(PyObject* self, PyObject* const* argv, Py_ssize_t given,
+                                   PyObject* kwnames, PyObject* kwdict = nullptr) {
+    using S = Callable<decltype(F)>;
+    std::array<PyObject*, S::named + 1> slots{};
+    PyObject* const* arguments = argv;
+    if (kwnames || kwdict || given != static_cast<Py_ssize_t>(S::named)) {
+        bindArguments(signatureOf<F>, slots.data(), S::named, S::hasRest, argv, given, kwnames, kwdict);
+        arguments = slots.data();
+    }
+    return [&]<size_t... I>(std::index_sequence<I...>) -> PyObject* {
+        const auto& params = signatureOf<F>.params;
+        [[maybe_unused]] auto one = [&]<size_t i>(std::integral_constant<size_t, i>) -> std::tuple_element_t<i, typename S::Args> {
+            using T = std::tuple_element_t<i, typename S::Args>;
+            if constexpr (std::is_same_v<T, Rest>) {
+                Py_ssize_t taken = std::min<Py_ssize_t>(given, S::named);
+                return Rest{argv + taken, given - taken};
+            } else return fromArgument<T>(arguments[i], params[i]);
+        };
+        // Braces convert from left to right, so the first bad argument is the one reported.
+        [[maybe_unused]] typename S::Args values{one(std::integral_constant<size_t, I>{})...};
+        auto run = [&]() -> decltype(auto) {
+            if constexpr (std::is_void_v<typename S::Class>) return F(std::forward<std::tuple_element_t<I, typename S::Args>>(std::get<I>(values))...);
+            else return (native<typename S::Class>(self)->*F)(std::forward<std::tuple_element_t<I, typename S::Args>>(std::get<I>(values))...);
+        };
+        if constexpr (std::is_void_v<typename S::Result>) {
+            run();
+            Py_RETURN_NONE;
+        } else {
+            return Convert<std::remove_cvref_t<typename S::Result>>::to(run());
+        }
+    }(std::make_index_sequence<std::tuple_size_v<typename S::Args>>{});
+}
+
+template <auto F> PyObject* methodEntry(PyObject* self, PyObject* const* argv, Py_ssize_t given, PyObject* kwnames) noexcept {
+    return guarded<PyObject*>(nullptr, [&] { return invoke<F>(self, argv, given, kwnames); });
+}
+template <auto F> PyObject* plainEntry(PyObject* self, PyObject*) noexcept {
+    return guarded<PyObject*>(nullptr, [&] { return invoke<F>(self, nullptr, 0, nullptr); });
+}
+template <auto F> PyMethodDef methodDef(const char* name, const char* doc) {
+    using S = Callable<decltype(F)>;
+    if constexpr (S::named == 0 && !S::hasRest) return {name, plainEntry<F>, METH_NOARGS, doc};
+    else return {name, reinterpret_cast<PyCFunction>(reinterpret_cast<void*>(methodEntry<F>)), METH_FASTCALL | METH_KEYWORDS, doc};
+}
+
+// Declares what a Python name, its parameters and defaults are; the class and module builders use it.
+template <auto F> void declareSignature(const char* name, std::vector<Param> params) {
+    if (params.size() != Callable<decltype(F)>::named)
+        raise(PyExc_SystemError, "%s(): parameter names do not match", name);
+    signatureOf<F> = {{name}, std::move(params)};
+}
+
+// Calls a method through attribute lookup, so that an override in a script takes effect.
+template <class... A> Ref<> callByName(PyObject* self, Name& name, const A&... args) {
+    std::array<Ref<>, sizeof...(A) + 1> values{toPython(args)...};
+    return [&]<size_t... I>(std::index_sequence<I...>) {
+        return Ref<>::steal(PyObject_CallMethodObjArgs(self ? self : Py_None, name.get(), values[I].raw()..., nullptr));
+    }(std::make_index_sequence<sizeof...(A)>{});
+}
+
+// Calls a declared method the way a script would, so that overrides take effect; an object of
+// exactly the method's class has none and is called directly.
+template <auto F, class Self, class... A> auto call(Self& self, A&&... args) {
+    using S = Callable<decltype(F)>;
+    static_assert(!std::is_pointer_v<typename S::Result> && !std::is_same_v<typename S::Result, std::string_view>,
+                  "the result of an override would not outlive the call");
+    if (Py_TYPE(self.self()) == &typeOf<typename S::Class>) return (self.*F)(std::forward<A>(args)...);
+    Ref<> result = callByName(self.self(), signatureOf<F>.name, args...);
+    if constexpr (!std::is_void_v<typename S::Result>) return Convert<typename S::Result>::from(result.raw());
+}
+
+inline Ref<> getAttribute(PyObject* o, Name& name) {
+    return Ref<>::steal(PyObject_GetAttr(o ? o : Py_None, name.get()));
+}
+inline void setAttribute(PyObject* o, Name& name, PyObject* value) {
+    checked(PyObject_SetAttr(o, name.get(), value ? value : Py_None));
+}
+
+}  // namespace zv

@@ -1,0 +1,59 @@
+// The module object: functions, values, and the names that the code reaches through it at run time.
+#pragma once
+#include "callable.hpp"
+
+namespace zv {
+
+class Module {
+public:
+    // Kept for good: code may run after a script has thrown the module out of sys.modules.
+    explicit Module(PyObject* module) : object(module) { current = Ref<>::borrow(module).release(); }
+
+    template <auto F> Module& function(const char* name, std::vector<Param> params, const char* doc) {
+        static std::string text;
+        static PyMethodDef definition;
+        Documented documented = Documented::of<F>();
+        text = documented.signature(name, "", params) + documented.text(params, doc);
+        declareSignature<F>(name, std::move(params));
+        definition = methodDef<F>(name, text.c_str());
+        return value(name, Ref<>::steal(PyCFunction_NewEx(&definition, nullptr, Ref<>::steal(PyModule_GetNameObject(object)).raw())));
+    }
+    Module& value(const char* name, const Ref<>& v) {
+        checked(PyObject_SetAttrString(object, name, v.raw()));
+        return *this;
+    }
+    Module& constant(const char* name, int v) { return value(name, toPython(v)); }
+    // Runs Python source in the module: the classes that scripts see as plain Python.
+    Module& source(const char* code);
+    PyObject* raw() const { return object; }
+
+    // A module-level name as it is now; scripts may have replaced it.
+    static Ref<> global(Name& name) { return getAttribute(current, name); }
+
+private:
+    PyObject* object;
+    inline static PyObject* current = nullptr;
+};
+
+// A function of Python's builtins module.
+Ref<> builtin(Name& name);
+
+// print(text) of Python: goes wherever sys.stdout leads now.
+void print(const std::string& text);
+
+// Exactly `count` items of any iterable, as `a, b = iterable` takes them.
+std::vector<Ref<>> unpack(PyObject* iterable, size_t count);
+
+// Walks an iterable the way a for loop does.
+template <class F> void forEach(PyObject* iterable, F&& body) {
+    Ref<> iterator = Ref<>::steal(PyObject_GetIter(iterable ? iterable : Py_None));
+    while (PyObject* next = PyIter_Next(iterator.raw())) body(Ref<>::steal(next).raw());
+    if (PyErr_Occurred()) throw PythonError{};
+}
+
+// `item in container`
+inline bool contains(PyObject* container, PyObject* item) {
+    return checked(PySequence_Contains(container ? container : Py_None, item)) != 0;
+}
+
+}  // namespace zv

@@ -1,0 +1,22 @@
+// The one place that includes Python's headers and knows differences between its versions.
+#pragma once
+#define PY_SSIZE_T_CLEAN
+#include <Python.h>
+
+namespace zv {
+
+// Releases an object through `release`, deferred when it is the end of a long chain of owners:
+// a script may nest objects deeper than the C stack is.
+template <class F> void releaseInTurn([[maybe_unused]] PyObject* self, [[maybe_unused]] destructor entry, F&& release) {
+#if PY_VERSION_HEX >= 0x03080000
+    Py_TRASHCAN_BEGIN(self, entry);
+    release();
+    Py_TRASHCAN_END
+#else
+    Py_TRASHCAN_SAFE_BEGIN(self);
+    release();
+    Py_TRASHCAN_SAFE_END(self)
+#endif
+}
+
+}  // namespace zv

@@ -1,0 +1,22 @@
+// The module as a whole: what import defines, in order, and the start of the media libraries.
+#include "geometryMath.hpp"
+
+namespace zv {
+
+static PyModuleDef definition = {
+    PyModuleDef_HEAD_INIT, "zelvarine",
+    "\nZelvarine is a game engine with a raycasting renderer and some simple UI\ncapabilities.\n",
+    -1, nullptr, nullptr, nullptr, nullptr, nullptr};
+
+}  // namespace zv
+
+// PyMODINIT_FUNC exports the symbol only from Python 3.9 on; the build hides symbols by default.
+extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
+    using namespace zv;
+    return guarded<PyObject*>(nullptr, [] {
+        Ref<> object = Ref<>::steal(PyModule_Create(&definition));
+        Module module(object.raw());
+        declareVector2(module);
+        return object.release();
+    });
+}
