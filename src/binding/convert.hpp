@@ -114,6 +114,15 @@ template <> struct Convert<std::string_view> {  // UTF-8; valid as long as the a
     }
     static std::string name() { return "str"; }
 };
+template <> struct Convert<const char*> {  // text for C libraries: UTF-8, no null character inside
+    static const char* from(PyObject* o) {
+        std::string_view text = Convert<std::string_view>::from(o);
+        if (text.find('\0') != text.npos) raise(PyExc_ValueError, "embedded null character");
+        return text.data();
+    }
+    static PyObject* to(const char* v) { return Convert<std::string_view>::to(v); }
+    static std::string name() { return "str"; }
+};
 template <> struct Convert<std::string> {  // result only
     static PyObject* to(const std::string& v) { return Convert<std::string_view>::to(v); }
     static std::string name() { return "str"; }
@@ -175,7 +184,7 @@ template <class T> T fromArgument(PyObject* given, const Param& param) {
         if (given) return Convert<T>::from(given);
         return std::visit([](auto v) -> T {
             if constexpr (std::is_arithmetic_v<T> && std::is_arithmetic_v<decltype(v)>) return static_cast<T>(v);
-            else if constexpr (std::is_same_v<T, std::string_view> && std::is_same_v<decltype(v), const char*>) return v;
+            else if constexpr (std::is_same_v<decltype(v), const char*> && std::is_convertible_v<const char*, T>) return v;
             else return T{};
         }, param.fallback);
     }

@@ -41,6 +41,13 @@ Ref<> builtin(Name& name);
 // print(text) of Python: goes wherever sys.stdout leads now.
 void print(const std::string& text);
 
+// len(object)
+inline Py_ssize_t lengthOf(PyObject* o) {
+    Py_ssize_t length = PyObject_Size(o);
+    if (length < 0) throw PythonError{};
+    return length;
+}
+
 // Exactly `count` items of any iterable, as `a, b = iterable` takes them.
 std::vector<Ref<>> unpack(PyObject* iterable, size_t count);
 

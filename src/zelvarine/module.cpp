@@ -1,5 +1,9 @@
 // The module as a whole: what import defines, in order, and the start of the media libraries.
+#include "events.hpp"
 #include "geometryMath.hpp"
+#include "renderer.hpp"
+#include "resources/entity/basiccomponents.hpp"
+#include "resources/entity/ecs.hpp"
 
 namespace zv {
 
@@ -17,6 +21,14 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         Ref<> object = Ref<>::steal(PyModule_Create(&definition));
         Module module(object.raw());
         declareVector2(module);
+        declareEvents(module);
+        declareResource(module);
+        declareTexture(module);
+        declareEntity(module);
+        declareAbstractSystem(module);
+        declareEcs(module);
+        declareBasicComponents(module);
+        declareRenderer(module);
         return object.release();
     });
 }

@@ -1,0 +1,105 @@
+#include "resources/entity/ecs.hpp"
+
+namespace zv {
+
+static Name updateMembershipName{"_updateEntityMembership"}, setEcsName{"_setEcs"}, setEngineName{"_setEngine"};
+static Name ecsName{"_ecs"}, idName{"id"}, ownIdName{"_id"}, entitiesName{"_entities"};
+static Name appendName{"append"}, removeName{"remove"}, clearName{"clear"}, updateName{"update"}, removeEntityName{"_removeEntity"};
+
+void Ecs::init(Ref<Engine> owner) { engine = std::move(owner); }
+
+void Ecs::update(double timeStep) {
+    Ref<> walked = listCopy(systems);
+    forEach(walked.raw(), [&](PyObject* system) { callByName(system, updateName, timeStep); });
+}
+
+void Ecs::addEntity(PyObject* entity) {
+    if (contains(entities.raw(), entity)) return;
+    Ref<> id = getAttribute(entity, idName);
+    if (checked(PyObject_RichCompareBool(id.raw(), toPython(-1).raw(), Py_EQ)))
+        setAttribute(entity, ownIdName, Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(idName).raw(), entity, nullptr)).raw());
+    forEach(systems.raw(), [&](PyObject* system) { callByName(system, updateMembershipName, entity); });
+    callByName(entities.raw(), appendName, entity);
+    setAttribute(entity, ecsName, self());
+}
+
+void Ecs::removeEntity(PyObject* entity) {
+    if (!contains(entities.raw(), entity)) return;
+    forEach(systems.raw(), [&](PyObject* system) { callByName(system, removeEntityName, entity); });
+    callByName(entities.raw(), removeName, entity);
+    setAttribute(entity, ecsName, nullptr);
+}
+
+void Ecs::removeAllEntities() {
+    Ref<> walked = listCopy(entities);
+    forEach(walked.raw(), [&](PyObject* entity) { call<&Ecs::removeEntity>(*this, entity); });
+}
+
+// The predicate of a filter: bound to the tuple of required types.
+static PyObject* hasRequiredComponents(PyObject* types, PyObject* entity) noexcept {
+    return guarded<PyObject*>(nullptr, [&] { return toPython(hasComponents(entity, types)).release(); });
+}
+
+Ref<> Ecs::getEntities(Rest requiredComponentTypes) {
+    static PyMethodDef predicate{"predicate", hasRequiredComponents, METH_O, nullptr};
+    static Name filter{"filter"};
+    if (requiredComponentTypes.size == 0) return Ref<>::borrow(entities.raw());
+    Ref<> types = Ref<>::steal(PyTuple_New(requiredComponentTypes.size));
+    for (Py_ssize_t i = 0; i < requiredComponentTypes.size; i++)
+        PyTuple_SET_ITEM(types.raw(), i, Ref<>::borrow(requiredComponentTypes.items[i]).release());
+    Ref<> bound = Ref<>::steal(PyCFunction_New(&predicate, types.raw()));
+    return Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(filter).raw(), bound.raw(), entities.raw(), nullptr));
+}
+
+Ref<> Ecs::getEntityById(int64_t id) {
+    Ref<> wanted = toPython(id), found;
+    forEach(entities.raw(), [&](PyObject* entity) {
+        Ref<> own = getAttribute(entity, idName);
+        if (!found && checked(PyObject_RichCompareBool(own.raw(), wanted.raw(), Py_EQ))) found = Ref<>::borrow(entity);
+    });
+    return found;
+}
+
+void Ecs::addSystem(PyObject* system) {
+    if (!contains(systems.raw(), system)) callByName(systems.raw(), appendName, system);
+    callByName(system, setEcsName, *this);
+    callByName(system, setEngineName, engine);
+    forEach(entities.raw(), [&](PyObject* entity) { callByName(system, updateMembershipName, entity); });
+}
+
+void Ecs::removeSystem(PyObject* system) {
+    if (!contains(systems.raw(), system)) return;
+    callByName(systems.raw(), removeName, system);
+    callByName(getAttribute(system, entitiesName).raw(), clearName);
+    callByName(system, setEcsName, Ref<>());
+    callByName(system, setEngineName, Ref<>());
+}
+
+void Ecs::updateEntityMembership(PyObject* entity) {
+    forEach(systems.raw(), [&](PyObject* system) { callByName(system, updateMembershipName, entity); });
+}
+
+void declareEcs(Module& module) {
+    Class<Ecs>("zelvarine.Ecs", "The registry of all entities and systems of an engine. `engine` is an Engine or None.")
+        .init<&Ecs::init>({{"engine"}})
+        .method<&Ecs::update>("update", {{"timeStep"}},
+            "Updates every system, in the order in which they were added. `timeStep` is in seconds. An\n"
+            "exception from a system leaves at once; the systems after it are skipped.")
+        .method<&Ecs::addEntity>("addEntity", {{"entity"}},
+            "Adds an entity and lets it join the systems that are interested in it. An entity with the id -1\n"
+            "gets the identity number of the object as its id.")
+        .method<&Ecs::removeEntity>("removeEntity", {{"entity"}}, "Removes an entity; nothing happens if it is not here.")
+        .method<&Ecs::removeAllEntities>("removeAllEntities", {}, "Removes all entities.")
+        .method<&Ecs::getEntities>("getEntities", {},
+            "Without arguments the live list of all entities. With component types, an iterator over the\n"
+            "entities that have all of them; it can be walked once.")
+        .method<&Ecs::getEntityById>("getEntityById", {{"id"}}, "The first entity of that id, or None.")
+        .method<&Ecs::getSystems>("getSystems", {}, "The live list of all systems.\n@return(list)")
+        .method<&Ecs::addSystem>("addSystem", {{"system"}},
+            "Adds a system, unless it is here already, tells it its Ecs and Engine, and lets the entities join it.")
+        .method<&Ecs::removeSystem>("removeSystem", {{"system"}}, "Removes a system and empties its list of entities.")
+        .method<&Ecs::updateEntityMembership>("_updateEntityMembership", {{"entity"}}, "Lets every system look at the entity's components anew.")
+        .addTo(module.raw());
+}
+
+}  // namespace zv

@@ -1,0 +1,42 @@
+// A bag of components, keyed by their exact type.
+#pragma once
+#include "binding/class.hpp"
+#include "binding/module.hpp"
+
+namespace zv {
+
+struct Ecs;
+
+struct Entity : Object {
+    Ref<Dict> components = Ref<Dict>::steal(PyDict_New());
+    Ref<Ecs> ecs;
+    int64_t id = -1;
+
+    void eachRef(RefVisitor& visit) override { visit(components); visit(ecs); }
+
+    void init(PyObject* newId, Rest newComponents);
+    void addComponent(PyObject* component);
+    void removeComponent(PyObject* component);
+    void removeComponentType(PyObject* componentType);
+    Ref<> getComponent(PyObject* componentType) const;
+    Ref<> getComponents() const;
+
+private:
+    void membershipChanged();
+};
+
+// The entity's component of exactly the class T, empty if it has none.
+template <class T> Ref<T> componentOf(PyObject* entity) {
+    static Name getComponent{"getComponent"};
+    auto* type = reinterpret_cast<PyObject*>(&typeOf<T>);
+    Ref<> found = Py_TYPE(entity) == &typeOf<Entity> ? native<Entity>(entity)->getComponent(type)
+                                                     : callByName(entity, getComponent, type);
+    return found ? Convert<Ref<T>>::from(found.raw()) : Ref<T>();
+}
+
+// Whether the entity has a component of each of the given types.
+bool hasComponents(PyObject* entity, PyObject* componentTypes);
+
+void declareEntity(Module&);
+
+}  // namespace zv

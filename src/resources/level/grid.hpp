@@ -1,0 +1,37 @@
+// The cells of a level: seven bytes each, row after row.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+namespace zv {
+
+enum Block : int {
+    blockEmpty = 0,
+    blockSquare = 1,
+    // Named after the solid half, as rays see it.
+    blockNorthWest = 2,
+    blockNorthEast = 3,
+    blockSouthWest = 4,
+    blockSouthEast = 5,
+};
+
+// Offsets in a cell; byte 0 is the block type.
+enum CellByte : int { cellFloor = 1, cellCeiling = 2, cellNorth = 3, cellEast = 4, cellSouth = 5, cellWest = 6 };
+
+inline constexpr int cellBytes = 7;
+inline constexpr int noTexture = 255;
+
+struct Grid {
+    uint8_t* cells = nullptr;
+    int width = 0, height = 0;
+
+    bool contains(int x, int y) const { return x >= 0 && y >= 0 && x < width && y < height; }
+    uint8_t* cell(int x, int y) const {
+#ifdef ZELVARINE_CHECKED
+        if (!contains(x, y)) __builtin_trap();
+#endif
+        return cells + (static_cast<ptrdiff_t>(y) * width + x) * cellBytes;
+    }
+};
+
+}  // namespace zv

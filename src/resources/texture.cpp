@@ -1,0 +1,159 @@
+#include "resources/texture.hpp"
+
+#include "sdl/error.hpp"
+
+#include <SDL_image.h>
+
+namespace zv {
+
+static constexpr Uint32 redMask = 0x00FF0000, greenMask = 0x0000FF00, blueMask = 0x000000FF, alphaMask = 0xFF000000;
+
+static bool isExactly(PyObject* o, PyTypeObject* type) { return o && Py_TYPE(o) == type; }
+
+static SurfaceHandle createSurface(int w, int h) {
+    if (w < 0 || h < 0) raise(PyExc_ValueError, "the size of a texture must not be negative, got %d by %d", w, h);
+    SurfaceHandle surface(SDL_CreateRGBSurface(0, w, h, 32, redMask, greenMask, blueMask, alphaMask));
+    if (!surface) raiseSdl("Could not create the texture.");
+    return surface;
+}
+
+void Texture::init(PyObject* w, PyObject* h) {
+    if (isExactly(w, &PyLong_Type) && isExactly(h, &PyLong_Type)) {
+        adopt(createSurface(Convert<int>::from(w), Convert<int>::from(h)));
+        Resource::init(toPython(std::string_view("")));
+    } else if (isExactly(w, &typeOf<Texture>)) {
+        const Texture& source = *native<Texture>(w);
+        adopt(createSurface(source.getWidth(), source.getHeight()));
+        Resource::init(toPython(std::string_view("")));
+        static Name copyFromName{"copyFrom"};
+        callByName(self(), copyFromName, w);
+    } else {
+        loadFile(w);
+    }
+}
+
+void Texture::loadFile(PyObject* name) {
+    static Name encode{"encode"};
+    Ref<> path = callByName(name, encode, std::string_view("utf-8"));
+    char* bytes;
+    checked(PyBytes_AsStringAndSize(path.raw(), &bytes, nullptr));  // refuses embedded null bytes
+    Resource::init(Ref<>::borrow(name));
+    SurfaceHandle loaded(IMG_Load(bytes));
+    SurfaceHandle converted;
+    if (loaded) converted.reset(SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0));
+    if (!converted) raise(PyExc_IOError, "Unable to load image file '%S'", name);
+    adopt(std::move(converted));
+}
+
+void Texture::adopt(SurfaceHandle newSurface) {
+    if (pixels) raise(PyExc_RuntimeError, "a texture gets its image once; create another Texture instead");
+    if (newSurface->pitch != newSurface->w * 4) {
+        SurfaceHandle packed = createSurface(newSurface->w, newSurface->h);
+        for (int y = 0; y < packed->h; y++)
+            SDL_memcpy(static_cast<char*>(packed->pixels) + static_cast<ptrdiff_t>(y) * packed->pitch,
+                       static_cast<const char*>(newSurface->pixels) + static_cast<ptrdiff_t>(y) * newSurface->pitch,
+                       static_cast<size_t>(packed->pitch));
+        newSurface = std::move(packed);
+    }
+    pixels = std::move(newSurface);
+}
+
+Ref<Texture> makeTexture(SurfaceHandle surface) {
+    Ref<Texture> texture = make<Texture>();
+    texture->Resource::init(toPython(std::string_view("")));
+    texture->adopt(std::move(surface));
+    return texture;
+}
+
+SDL_Surface* Texture::surface() const {
+    if (!pixels) raise(PyExc_RuntimeError, "the texture has no image: its constructor did not finish");
+    return pixels.get();
+}
+
+Image Texture::image() const {
+    SDL_Surface* s = surface();
+    return {static_cast<uint32_t*>(s->pixels), s->w, s->h};
+}
+
+uint32_t colorWord(PyObject* color) {
+    Py_ssize_t count = lengthOf(color);
+    if (count != 3 && count != 4)
+        raise(PyExc_TypeError, "color must be a tuple of 3 (rgb) or 4 (rgba) integers between 0 and 255");
+    std::vector<Ref<>> parts = unpack(color, static_cast<size_t>(count));
+    uint32_t channels[4] = {0, 0, 0, 255};
+    for (size_t i = 0; i < parts.size(); i++) channels[i] = Convert<uint32_t>::from(parts[i].raw());
+    return channels[0] << 16 | channels[1] << 8 | channels[2] | channels[3] << 24;
+}
+
+void Texture::fill(PyObject* color) {
+    uint32_t word = colorWord(color);
+    SDL_FillRect(surface(), nullptr, word);
+}
+
+void Texture::fillChecker() {
+    SDL_Surface* s = surface();
+    SDL_FillRect(s, nullptr, 0xFFAAAAAA);
+    int halfWidth = s->w / 2, halfHeight = s->h / 2;
+    SDL_Rect upperLeft{0, 0, halfWidth, halfHeight}, lowerRight{halfWidth, halfHeight, halfWidth, halfHeight};
+    SDL_FillRect(s, &upperLeft, 0xFF333333);
+    SDL_FillRect(s, &lowerRight, 0xFF333333);
+}
+
+void Texture::copyFrom(const Texture& other) { SDL_UpperBlit(other.surface(), nullptr, surface(), nullptr); }
+
+void Texture::saveFile(const char* filename) { IMG_SavePNG(surface(), filename); }
+
+// The buffer is the pixels themselves; the exporter, and with it the surface, lives as long as the view.
+static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
+    view->obj = nullptr;
+    return guarded(-1, [&] {
+        Image image = native<Texture>(self)->image();
+        if ((flags & PyBUF_ANY_CONTIGUOUS) == PyBUF_F_CONTIGUOUS) raise(PyExc_BufferError, "the rows of a texture lie one after the other");
+        static uint32_t nothing;
+        static char format[] = "I";
+        auto* shape = new Py_ssize_t[4]{image.height, image.width, image.width * Py_ssize_t{4}, 4};
+        view->buf = image.pixels ? image.pixels : &nothing;
+        view->len = shape[0] * shape[2];
+        view->readonly = 0;
+        view->itemsize = 4;
+        view->format = flags & PyBUF_FORMAT ? format : nullptr;
+        view->ndim = 2;
+        view->shape = flags & PyBUF_ND ? shape : nullptr;
+        view->strides = (flags & PyBUF_STRIDES) == PyBUF_STRIDES ? shape + 2 : nullptr;
+        view->suboffsets = nullptr;
+        view->internal = shape;
+        view->obj = Ref<>::borrow(self).release();
+        return 0;
+    });
+}
+static void releasePixels(PyObject*, Py_buffer* view) noexcept { delete[] static_cast<Py_ssize_t*>(view->internal); }
+
+void declareTexture(Module& module) {
+    static PyBufferProcs pixelBuffer{exportPixels, releasePixels};
+    Class<Texture, Resource>("zelvarine.Texture",
+            "A software image of 32-bit pixels 0xAARRGGBB.\n\n"
+            "Texture(w, h) with two ints is an empty image, transparent black. Texture(texture) copies an image,\n"
+            "blending it onto transparent black. Texture(filename) loads an image file; IOError if that fails.\n"
+            "A negative size raises ValueError, one that memory does not hold EngineSdlException.\n\n"
+            "The pixels are open to scripts through the buffer protocol: memoryview(texture) and\n"
+            "numpy.asarray(texture) are writable views of shape (height, width), one unsigned 32-bit word a\n"
+            "pixel, without a copy.")
+        .init<&Texture::init>({{"w"}, {"h", None{}}})
+        .buffer(pixelBuffer)
+        .readonly<&Texture::getWidth>("width", "width in pixels, int")
+        .readonly<&Texture::getHeight>("height", "height in pixels, int")
+        .method<&Texture::getSize>("getSize", {}, "Width and height in pixels.")
+        .method<&Texture::fill>("fill", {{"color", Required{}, "(r, g, b) or (r, g, b, a)"}},
+            "Overwrites every pixel; without alpha the colour is opaque.\n"
+            "Raises TypeError unless there are 3 or 4 integers, OverflowError for a negative one. A component\n"
+            "above 255 runs into its neighbour.")
+        .method<&Texture::fillChecker>("fillChecker", {}, "Paints a checker of two by two fields, the look of a missing image.")
+        .method<&Texture::copyFrom>("copyFrom", {{"other"}},
+            "Blits the whole of `other` with its top left corner onto this one's: opaque pixels overwrite,\n"
+            "translucent ones blend.")
+        .method<&Texture::saveFile>("saveFile", {{"filename"}},
+            "Writes the image as a PNG file; the name should end with '.png'. A failed write raises nothing.")
+        .addTo(module.raw());
+}
+
+}  // namespace zv

@@ -1,0 +1,39 @@
+// The engine's one image type: 32-bit ARGB pixels in main memory.
+#pragma once
+#include "image.hpp"
+#include "resources.hpp"
+#include "sdl/handles.hpp"
+
+namespace zv {
+
+struct Texture : Resource {
+    void init(PyObject* w, PyObject* h);
+    int getWidth() const { return image().width; }
+    int getHeight() const { return image().height; }
+    std::tuple<int, int> getSize() const { return {getWidth(), getHeight()}; }
+    void fill(PyObject* color);
+    void fillChecker();
+    void copyFrom(const Texture& other);
+    void saveFile(const char* filename);
+
+    // The pixels; they stay where they are as long as the texture lives.
+    Image image() const;
+    SDL_Surface* surface() const;
+    // Takes over a 32-bit surface; its rows become exactly 4 * w bytes. Once in a texture's life.
+    void adopt(SurfaceHandle newSurface);
+
+private:
+    SurfaceHandle pixels;
+
+    void loadFile(PyObject* filename);
+};
+
+// A texture of a surface that was made elsewhere (rendered text).
+Ref<Texture> makeTexture(SurfaceHandle surface);
+
+// A colour of 3 or 4 integers, (r, g, b) or (r, g, b, a), as one pixel word.
+uint32_t colorWord(PyObject* color);
+
+void declareTexture(Module&);
+
+}  // namespace zv
