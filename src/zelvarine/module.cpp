@@ -4,6 +4,7 @@
 #include "renderer.hpp"
 #include "resources/entity/basiccomponents.hpp"
 #include "resources/entity/ecs.hpp"
+#include "resources/entity/spritecomponent.hpp"
 
 namespace zv {
 
@@ -28,6 +29,8 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareAbstractSystem(module);
         declareEcs(module);
         declareBasicComponents(module);
+        declareSprite(module);
+        declareSpriteComponent(module);
         declareRenderer(module);
         return object.release();
     });
