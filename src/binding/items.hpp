@@ -17,6 +17,11 @@ template <class T> T itemOr(PyObject* d, const char* key, T fallback) {
     return hasItem(d, key) ? Convert<T>::from(item(d, key).raw()) : fallback;
 }
 
+// d[key] = value
+template <class T> void setItem(PyObject* d, const char* key, const T& value) {
+    checked(PyObject_SetItem(d ? d : Py_None, toPython(std::string_view(key)).raw(), toPython(value).raw()));
+}
+
 // A new dict, filled in the order of the calls.
 class DictBuilder {
 public:

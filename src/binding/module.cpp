@@ -13,9 +13,9 @@ Ref<> builtin(Name& name) {
     return getAttribute(builtins.raw(), name);
 }
 
-void print(const std::string& text) {
+void print(const Ref<>& text) {
     static Name name{"print"};
-    Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(name).raw(), toPython(text).raw(), nullptr));
+    Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(name).raw(), text.raw(), nullptr));
 }
 
 std::vector<Ref<>> unpack(PyObject* iterable, size_t count) {

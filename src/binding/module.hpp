@@ -39,7 +39,8 @@ private:
 Ref<> builtin(Name& name);
 
 // print(text) of Python: goes wherever sys.stdout leads now.
-void print(const std::string& text);
+void print(const Ref<>& text);
+inline void print(const std::string& text) { print(toPython(text)); }
 
 // len(object)
 inline Py_ssize_t lengthOf(PyObject* o) {

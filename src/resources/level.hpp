@@ -1,16 +1,22 @@
 // A level: the grid of cells, the textures and sprites that cells and entities refer to, fog, entities.
 #pragma once
-#include "resources/level/grid.hpp"
+#include "resources/entity/entity.hpp"
+#include "resources/level/cellbuffer.hpp"
+#include "resources/level/fogcolor.hpp"
 #include "resources/texture.hpp"
 
 namespace zv {
 
 struct Level : Resource {
+    static FogColor defaultFogColor() { return FogColor(0xFF000000); }
+    static FogColor defaultGroundFogColor() { return FogColor(0xFFFFFFFF); }
+    static constexpr int defaultFogDensity = 5, defaultGroundFogDensity = 0;
+
     Ref<Dict> metadata = Ref<Dict>::steal(PyDict_New());
-    int width = 0, height = 0;
+    int width = 0, height = 0;  // as the description says; the grid keeps its own size
     Ref<Texture> skyTexture;
-    int fogDensity = 0, groundFogDensity = 0;
-    uint32_t fogColor = 0, groundFogColor = 0;  // 0xFFRRGGBB
+    int fogDensity = defaultFogDensity, groundFogDensity = defaultGroundFogDensity;  // per cell, 255 being solid
+    FogColor fogColor = defaultFogColor(), groundFogColor = defaultGroundFogColor();
     // What cells show, by texture index: the textures as they were when the assets were loaded.
     std::vector<Ref<Texture>> cellTextures;
     Ref<List> textures = Ref<List>::steal(PyList_New(0));
@@ -20,13 +26,32 @@ struct Level : Resource {
     Ref<Str> assetsPath;
 
     void eachRef(RefVisitor& visit) override;
+    void init(Ref<> filename, Ref<Str> newAssetsPath);
 
     // The cells as they are; valid until a script runs.
-    Grid grid();
+    Grid grid() const { return cells.grid(); }
+    std::tuple<Ref<>, Ref<>> getSize() const;
+    int getBlock(int x, int y) const;
+    void setBlock(int blockType, int x, int y);
+    int getTextureIndex(int cardinalDirection, int x, int y) const;
+    void setTextureIndex(int textureIndex, int cardinalDirection, int x, int y);
+    Ref<> getTexture(int cardinalDirection, int x, int y) const;
+    void printLevel() const;
+
+    std::tuple<int, int, int> getFogColor() const { return fogColor.components(); }
+    void setFogColor(PyObject* components) { fogColor = FogColor::of(components); }
+    std::tuple<int, int, int> getGroundFogColor() const { return groundFogColor.components(); }
+    void setGroundFogColor(PyObject* components) { groundFogColor = FogColor::of(components); }
+
+    // The internal operations. The first, second and fourth report their errors and return.
+    virtual void loadFogSettings();
+    virtual void initializeEmpty(int newWidth, int newHeight);
 
 private:
-    std::vector<uint8_t> data;
-    int gridWidth = 0, gridHeight = 0;  // of `data`, whatever a script did to the rest
+    CellBuffer cells;
+
+    uint8_t& byteAt(int offset, int x, int y) const;
+    void printMap(int columnModulus) const;
 };
 
 void declareLevel(Module&);

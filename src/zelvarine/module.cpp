@@ -5,6 +5,7 @@
 #include "resources/entity/basiccomponents.hpp"
 #include "resources/entity/ecs.hpp"
 #include "resources/entity/spritecomponent.hpp"
+#include "resources/level.hpp"
 
 namespace zv {
 
@@ -31,6 +32,7 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareBasicComponents(module);
         declareSprite(module);
         declareSpriteComponent(module);
+        declareLevel(module);
         declareRenderer(module);
         return object.release();
     });

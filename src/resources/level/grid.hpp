@@ -15,8 +15,8 @@ enum Block : int {
     blockSouthEast = 5,
 };
 
-// Offsets in a cell; byte 0 is the block type.
-enum CellByte : int { cellFloor = 1, cellCeiling = 2, cellNorth = 3, cellEast = 4, cellSouth = 5, cellWest = 6 };
+// Offsets in a cell.
+enum CellByte : int { cellBlock = 0, cellFloor = 1, cellCeiling = 2, cellNorth = 3, cellEast = 4, cellSouth = 5, cellWest = 6 };
 
 inline constexpr int cellBytes = 7;
 inline constexpr int noTexture = 255;

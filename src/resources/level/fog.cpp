@@ -1,0 +1,34 @@
+// Fog: colours and densities, and how the description of a level sets them.
+#include "binding/items.hpp"
+#include "resources/level.hpp"
+
+namespace zv {
+
+FogColor FogColor::of(PyObject* components) {
+    Ref<> number = toPython(0xFF000000u);
+    int shift = 16;
+    for (const Ref<>& component : unpack(components, 3)) {
+        Ref<> bits = Ref<>::steal(PyNumber_Lshift(Ref<>::steal(PyNumber_Index(component.raw())).raw(), toPython(shift).raw()));
+        number = Ref<>::steal(PyNumber_Or(number.raw(), bits.raw()));
+        shift -= 8;
+    }
+    return FogColor(std::move(number));
+}
+
+std::tuple<int, int, int> FogColor::components() const {
+    unsigned long bits = PyLong_AsUnsignedLongMask(number.raw());
+    return {static_cast<int>(bits >> 16 & 0xFF), static_cast<int>(bits >> 8 & 0xFF), static_cast<int>(bits & 0xFF)};
+}
+
+void Level::loadFogSettings() {
+    static Name where{"zelvarine.Level._loadFogSettings"};
+    unraisable(where, [&] {
+        PyObject* settings = metadata.raw();
+        fogColor = hasItem(settings, "fogColor") ? FogColor::of(item(settings, "fogColor").raw()) : defaultFogColor();
+        groundFogColor = hasItem(settings, "groundFogColor") ? FogColor::of(item(settings, "groundFogColor").raw()) : defaultGroundFogColor();
+        fogDensity = itemOr(settings, "fogDensity", defaultFogDensity);
+        groundFogDensity = itemOr(settings, "groundFogDensity", defaultGroundFogDensity);
+    });
+}
+
+}  // namespace zv
