@@ -1,6 +1,7 @@
 #include "resources/texture.hpp"
 
 #include "sdl/error.hpp"
+#include "sdl/text.hpp"
 
 #include <SDL_image.h>
 
@@ -33,12 +34,9 @@ void Texture::init(PyObject* w, PyObject* h) {
 }
 
 void Texture::loadFile(PyObject* name) {
-    static Name encode{"encode"};
-    Ref<> path = callByName(name, encode, std::string_view("utf-8"));
-    char* bytes;
-    checked(PyBytes_AsStringAndSize(path.raw(), &bytes, nullptr));  // refuses embedded null bytes
+    Utf8 path(name);
     Resource::init(Ref<>::borrow(name));
-    SurfaceHandle loaded(IMG_Load(bytes));
+    SurfaceHandle loaded(IMG_Load(path));
     SurfaceHandle converted;
     if (loaded) converted.reset(SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0));
     if (!converted) raise(PyExc_IOError, "Unable to load image file '%S'", name);

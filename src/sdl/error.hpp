@@ -1,14 +1,25 @@
-// Failures of SDL and its companion libraries as EngineSdlException.
+// Failures of the engine as its own exceptions.
 #pragma once
 #include "binding/module.hpp"
 
 namespace zv {
 
-[[noreturn]] inline void raiseSdl(const char* message) {
-    static Name className{"EngineSdlException"};
+// Raises the exception class of that module-level name.
+[[noreturn]] inline void raiseNamed(Name& className, const char* message) {
     Ref<> error = Ref<>::steal(PyObject_CallFunction(Module::global(className).raw(), "s", message));
     PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(error.raw())), error.raw());
     throw PythonError{};
+}
+
+[[noreturn]] inline void raiseEngine(const char* message) {
+    static Name className{"EngineException"};
+    raiseNamed(className, message);
+}
+
+// Keeps what SDL says of its failure in the exception.
+[[noreturn]] inline void raiseSdl(const char* message) {
+    static Name className{"EngineSdlException"};
+    raiseNamed(className, message);
 }
 
 }  // namespace zv
