@@ -34,25 +34,11 @@ struct Rest {
 };
 
 // int() for numbers: floats truncate by their own __int__, text does not convert.
-inline Ref<> integerOf(PyObject* o) {
-    if (PyLong_Check(o)) return Ref<>::borrow(o);
-    PyNumberMethods* methods = Py_TYPE(o)->tp_as_number;
-    unaryfunc convert = methods ? (methods->nb_int ? methods->nb_int : methods->nb_index) : nullptr;
-    if (!convert) raise(PyExc_TypeError, "an integer is required, not %.200s", Py_TYPE(o)->tp_name);
-    Ref<> number = Ref<>::steal(convert(o));
-    if (!PyLong_Check(number.raw()))
-        raise(PyExc_TypeError, "__int__ returned non-int (type %.200s)", Py_TYPE(number.raw())->tp_name);
-    return number;
-}
+Ref<> integerOf(PyObject* o);
+long long toInteger(PyObject* o, long long low, long long high, const char* what);
 
-inline long long toInteger(PyObject* o, long long low, long long high, const char* what) {
-    Ref<> number = integerOf(o);
-    int overflow;
-    long long value = PyLong_AsLongLongAndOverflow(number.raw(), &overflow);
-    if (overflow || value < low || value > high)
-        raise(PyExc_OverflowError, "value %s to convert to %s", value < low || overflow < 0 ? "too small" : "too large", what);
-    return value;
-}
+// Exactly `count` items of any iterable, as `a, b = iterable` takes them.
+std::vector<Ref<>> unpack(PyObject* iterable, size_t count);
 
 template <class T> PyObject* checkType(PyObject* o) {
     PyTypeObject* type = pythonType<T>();
@@ -162,7 +148,13 @@ template <class T> struct Convert<std::optional<T>> {  // a parameter that knows
     static std::optional<T> from(PyObject* o) { return Convert<T>::from(o); }
     static std::string name() { return Convert<T>::name(); }
 };
-template <class... T> struct Convert<std::tuple<T...>> {  // result only
+template <class... T> struct Convert<std::tuple<T...>> {
+    static std::tuple<T...> from(PyObject* o) {
+        std::vector<Ref<>> items = unpack(o, sizeof...(T));
+        return [&]<size_t... I>(std::index_sequence<I...>) {
+            return std::tuple<T...>{Convert<T>::from(items[I].raw())...};
+        }(std::index_sequence_for<T...>{});
+    }
     static PyObject* to(const std::tuple<T...>& v) {
         Ref<> result = Ref<>::steal(PyTuple_New(sizeof...(T)));
         Py_ssize_t i = 0;

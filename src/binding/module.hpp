@@ -49,9 +49,6 @@ inline Py_ssize_t lengthOf(PyObject* o) {
     return length;
 }
 
-// Exactly `count` items of any iterable, as `a, b = iterable` takes them.
-std::vector<Ref<>> unpack(PyObject* iterable, size_t count);
-
 // Walks an iterable the way a for loop does.
 template <class F> void forEach(PyObject* iterable, F&& body) {
     Ref<> iterator = Ref<>::steal(PyObject_GetIter(iterable ? iterable : Py_None));

@@ -1,6 +1,7 @@
 // The module as a whole: what import defines, in order, and the start of the media libraries.
 #include "events.hpp"
 #include "geometryMath.hpp"
+#include "raycaster/frame.hpp"
 #include "renderer.hpp"
 #include "resources/entity/basiccomponents.hpp"
 #include "resources/entity/ecs.hpp"
@@ -34,6 +35,8 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareSpriteComponent(module);
         declareLevel(module);
         declareRenderer(module);
+        declareCamera(module);
+        declareRaycastingRenderer(module);
         return object.release();
     });
 }

@@ -1,0 +1,107 @@
+// The sprite pass of a frame: what is read from entities and written back to them.
+#include "raycaster/frame.hpp"
+#include "raycaster/sprites.hpp"
+#include "resources/entity/basiccomponents.hpp"
+#include "resources/entity/spritecomponent.hpp"
+
+namespace zv {
+
+// Which side of an entity is seen, in turns; 1 when the camera stands where the entity looks to.
+static double angleToCamera(Point toCamera, Point facing) {
+    return 1.0 - (std::atan2(toCamera.y, toCamera.x) - std::atan2(facing.y, facing.x) + 3.141592653589793) / 6.283185307179586 + 0.5;
+}
+
+static void advance(SpriteComponent& sprite, const SpriteAnimation& animation, double timeStep) {
+    double& position = sprite.animationPercentage;
+    position += sprite.animationSpeed * timeStep;
+    if (animation.oscillate) {
+        double aStep = animation.frameCount ? 1.0 / animation.frameCount : 0.0;
+        if (position >= 1.0) {
+            sprite.animationSpeed = -sprite.animationSpeed;
+            position -= aStep;
+        } else if (position < 0.0) {
+            sprite.animationSpeed = -sprite.animationSpeed;
+            position += aStep;
+        }
+    } else if (position >= 1.0) {
+        position = 0.0;
+    }
+}
+
+// The number of the frame in the sheet: views are centred on their directions by half a step.
+static int64_t frameNumber(const SpriteComponent& sprite, const SpriteAnimation& animation) {
+    int64_t step = truncate(sprite.animationPercentage * animation.frameCount);
+    int64_t base = step * sprite.currentDirections + sprite.currentMinFrame;
+    int directions = animation.directions;
+    return base + truncate(directions * (sprite.angleToCam + 1.0 / (2.0 * directions))) % directions;
+}
+
+// Scripts may make sheets and animations of any numbers; what has no frame is not drawn.
+static bool canBeDrawn(const SpriteComponent& component) {
+    const Sprite& sheet = *component.sprite;
+    return sheet.texture && !sheet.texture->image().empty() && sheet.width > 0 && sheet.height > 0 && sheet.xFrames > 0 &&
+           component.currentAnimation->directions > 0 && component.currentAnimation->frameCount > 0;
+}
+
+static SpriteFrame frameOf(const SpriteComponent& component, int fog, int groundFog) {
+    const Sprite& sheet = *component.sprite;
+    int64_t number = frameNumber(component, *component.currentAnimation);
+    auto inSheet = [](int64_t pixel) { return static_cast<int>(std::clamp<int64_t>(pixel, INT_MIN / 2, INT_MAX / 2)); };
+    return {sheet.texture->image(), inSheet(number % sheet.xFrames * sheet.width), inSheet(number / sheet.xFrames * sheet.height),
+            sheet.width, sheet.height, component.scale, component.zOffset, component.shadeless, component.blendMode == blendAdd,
+            fog, groundFog};
+}
+
+// The key function of the sort.
+static PyObject* distanceOf(PyObject*, PyObject* entity) noexcept {
+    return guarded<PyObject*>(nullptr, [&] { return toPython(componentOf<SpriteComponent>(entity)->dist).release(); });
+}
+
+void RaycastingRenderer::sortByDistance() {
+    static PyMethodDef keyFunction{"dist", distanceOf, METH_O, nullptr};
+    static Name sort{"sort"};
+    Ref<List> members = entities;
+    Ref<> key = Ref<>::steal(PyCFunction_New(&keyFunction, nullptr));
+    Ref<> options = Ref<>::steal(Py_BuildValue("{s:O,s:O}", "key", key.raw(), "reverse", Py_True));
+    Ref<> method = getAttribute(members.raw(), sort);
+    Ref<>::steal(PyObject_Call(method.raw(), Ref<>::steal(PyTuple_New(0)).raw(), options.raw()));
+}
+
+void RaycastingRenderer::drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, const Fog& fog) {
+    static Name getTimeStep{"getTimeStep"};
+    Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
+    Ref<SpriteComponent> component = componentOf<SpriteComponent>(entity);
+    if (!component->sprite || !component->currentAnimation) return;
+    double timeStep = Convert<double>::from(callByName(engine.raw(), getTimeStep).raw());
+    advance(*component, *component->currentAnimation, timeStep);
+
+    Point place = viewRot(position->pos->point() - view.pos);
+    if (!(place.x > 0)) return;  // behind the camera
+    double halfHeight = std::trunc(view.scale() / place.x);
+    if (halfHeight == 0) raise(PyExc_ZeroDivisionError, "float division");
+    if (!canBeDrawn(*component)) return;
+    SpriteFrame frame = frameOf(*component, fog.at(component->dist), fog.groundAt(component->dist));
+    drawSprite(frame, fog, view, columns, place, halfHeight, target->image());
+}
+
+void RaycastingRenderer::renderSprites(int horizon, int width, int height) {
+    static Name where{"zelvarine.RaycastingRenderer.renderSprites"};
+    unraisable(where, [&] {
+        View view = viewOf(horizon, width, height);
+        Ref<List> members = entities;
+        forEach(members.raw(), [&](PyObject* entity) {
+            Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
+            Ref<SpriteComponent> component = componentOf<SpriteComponent>(entity);
+            Ref<RotationComponent> rotation = componentOf<RotationComponent>(entity);
+            Point toCamera = view.pos - position->pos->point();
+            component->dist = length(toCamera);
+            component->angleToCam = angleToCamera(toCamera, rotation ? rotation->dir->point() : Point{1, 0});
+        });
+        sortByDistance();
+        Fog fog = fogOf(*level);
+        Rotation viewRot = viewRotation(view.dir);
+        forEach(members.raw(), [&](PyObject* entity) { drawEntity(entity, view, viewRot, fog); });
+    });
+}
+
+}  // namespace zv

@@ -1,0 +1,136 @@
+#include "raycaster/frame.hpp"
+
+#include "raycaster/flats.hpp"
+#include "raycaster/sky.hpp"
+#include "raycaster/walls.hpp"
+#include "resources/entity/basiccomponents.hpp"
+#include "resources/entity/spritecomponent.hpp"
+
+namespace zv {
+
+// Beyond any screen, yet far enough from the end of int for the sums of the passes.
+static constexpr int64_t farthestRow = 1 << 29;
+
+void RaycastingRenderer::eachRef(RefVisitor& visit) {
+    Renderer::eachRef(visit);
+    visit(level);
+    visit(camera);
+    visit(flashlight);
+}
+
+void RaycastingRenderer::init(Ref<Texture> newTarget, Ref<Level> newLevel) {
+    auto [width, height] = call<&Texture::getSize>(*newTarget);
+    Ref<Camera> newCamera = make<Camera>();
+    newCamera->init(*makeVector({2.5, 2.5}), *makeVector({0, 1}), 60, 20, 1.6);
+    Columns newColumns;
+    newColumns.hits.resize(static_cast<size_t>(std::max(width, 0)));
+    newColumns.slices.resize(newColumns.hits.size());
+
+    initTypes({&typeOf<PositionComponent>, &typeOf<SpriteComponent>});
+    target = std::move(newTarget);
+    level = std::move(newLevel);
+    camera = std::move(newCamera);
+    columns = std::move(newColumns);
+    flashlight = {};
+}
+
+// Holds SDL's lock on a surface for the length of a frame.
+struct SurfaceLock {
+    explicit SurfaceLock(SDL_Surface* s) : surface(s) { SDL_LockSurface(surface); }
+    ~SurfaceLock() { SDL_UnlockSurface(surface); }
+    SurfaceLock(const SurfaceLock&) = delete;
+    SurfaceLock& operator=(const SurfaceLock&) = delete;
+
+private:
+    SDL_Surface* surface;
+};
+
+void RaycastingRenderer::render() {
+    static Name fill{"fill"}, normalize{"normalize"};
+    Ref<Texture> held = target;
+    callByName(held.raw(), fill, std::tuple(0, 180, 100));
+    SurfaceLock lock(held->surface());
+    auto [width, height] = call<&Texture::getSize>(*held);
+    int64_t horizon = static_cast<int64_t>(height / 2) + camera->pitch;
+    callByName(camera->dir.raw(), normalize);
+
+    // An override may tell any size; what is drawn fits the pixels and the columns that there are.
+    Image image = held->image();
+    width = std::clamp(width, 0, std::min(image.width, static_cast<int>(columns.hits.size())));
+    height = std::clamp(height, 0, image.height);
+    int horizonRow = static_cast<int>(std::clamp(horizon, -farthestRow, farthestRow));
+    renderSky(horizonRow);
+    renderWalls(horizonRow, width, height);
+}
+
+View RaycastingRenderer::viewOf(int horizon, int width, int height) const {
+    return {camera->pos->point(), camera->dir->point(), camera->fov, camera->ratio, horizon, width, height};
+}
+
+Fog fogOf(const Level& level) {
+    return {level.fogDensity, level.groundFogDensity, level.fogColor.word(), level.groundFogColor.word()};
+}
+
+static Scene sceneOf(const Level& level) {
+    Scene scene{level.grid(), {}, fogOf(level)};
+    scene.textures.reserve(level.cellTextures.size());
+    for (const Ref<Texture>& texture : level.cellTextures) scene.textures.push_back(texture->image());
+    return scene;
+}
+
+void RaycastingRenderer::renderSky(int horizon) {
+    static Name where{"zelvarine.RaycastingRenderer.renderSky"}, getDegrees{"getDegrees"};
+    unraisable(where, [&] {
+        Ref<Texture> sky = level->skyTexture, held = target;
+        if (!sky) return;
+        double degrees = Convert<double>::from(callByName(camera->dir.raw(), getDegrees).raw());
+        Image image = held->image();
+        drawSky(sky->image(), viewOf(horizon, image.width, image.height), degrees, image);
+    });
+}
+
+void RaycastingRenderer::renderWalls(int horizon, int width, int height) {
+    static Name where{"zelvarine.RaycastingRenderer.renderWalls"};
+    unraisable(where, [&] {
+        if (width > 0) {
+            View view = viewOf(horizon, width, height);
+            Scene scene = sceneOf(*level);
+            Image image = target->image();
+            traceColumns(scene.grid, view, columns);
+            drawWalls(scene, view, columns, image, 0, width);
+            if (flashlight && !flashlight->image().empty()) drawFlashlight(flashlight->image(), view, columns, image, 0, width);
+            drawFloor(scene, view, columns, image, 0, height);
+            drawCeiling(scene, view, columns, image, 0, height);
+        }
+        renderSprites(horizon, width, height);
+    });
+}
+
+void declareRaycastingRenderer(Module& module) {
+    Class<RaycastingRenderer, Renderer>("zelvarine.RaycastingRenderer", "Renders 2.5D levels using the raycasting technique")
+        .init<&RaycastingRenderer::init>({{"target"}, {"level"}})
+        .method<&RaycastingRenderer::render>("render", {},
+            "Draws one frame: sky, walls, floors and ceilings, sprites. Rows that the camera's pitch moves off the\n"
+            "screen are not drawn; a camera outside the grid sees no walls. What goes wrong inside one of the\n"
+            "passes is reported on standard error, and the frame goes on.")
+        .method<&RaycastingRenderer::getCamera>("getCamera", {}, "The camera of this renderer.")
+        .method<&RaycastingRenderer::setFlashlight>("_setFlashlight", {{"flashlight"}},
+            "Sets the mask of light on walls, stretched over the width of the picture; None switches it off.")
+        .method<&RaycastingRenderer::castRay>("castRay", {{"pos"}, {"dir"}},
+            "The point on the wall that a ray from `pos` in the direction `dir` hits; None if the ray leaves the\n"
+            "level.")
+        .method<&RaycastingRenderer::getEntityAtScreenCoords>("getEntityAtScreenCoords", {{"x"}, {"y"}},
+            "The nearest entity of the last frame at a pixel of the target, or None, also when `x` is not on the\n"
+            "screen. Entities count as squares of the unscaled size, transparent parts included.\n@return(Entity or None)")
+        .method<&RaycastingRenderer::getWorldCellByScreenCoords>("getWorldCellByScreenCoords", {{"x"}, {"y"}},
+            "What the last frame shows at a pixel of the target, as (face, cellX, cellY): TEXTURE_FLOOR,\n"
+            "TEXTURE_CEILING or the face of a wall, and the cell. None when `x` is not on the screen. Raises\n"
+            "ZeroDivisionError when the camera's ratio is 0.\n@return((int, int, int) or None)")
+        .method<&RaycastingRenderer::getWorldPosByScreenCoords>("getWorldPosByScreenCoords", {{"x"}, {"y"}},
+            "As getWorldCellByScreenCoords, but on floors and ceilings the coordinates are the exact point.\n"
+            "@return((int, float, float), for a wall (int, int, int), or None)")
+        .readonly<&RaycastingRenderer::level>("level", "the level that is drawn")
+        .addTo(module.raw());
+}
+
+}  // namespace zv

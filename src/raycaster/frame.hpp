@@ -1,0 +1,46 @@
+// The renderer of levels: the order of a frame, and the questions that scripts ask about it.
+#pragma once
+#include "raycaster/camera.hpp"
+#include "raycaster/scene.hpp"
+#include "renderer.hpp"
+#include "resources/level.hpp"
+
+namespace zv {
+
+struct RaycastingRenderer : Renderer {
+    Ref<Level> level;
+    Ref<Camera> camera;
+    Ref<Texture> flashlight;
+
+    void eachRef(RefVisitor& visit) override;
+
+    void init(Ref<Texture> newTarget, Ref<Level> newLevel);
+    void render();
+    Ref<Camera> getCamera() const { return camera; }
+    void setFlashlight(Ref<Texture> mask) { flashlight = std::move(mask); }
+
+    Ref<Vector2> castRay(const Vector2& pos, const Vector2& dir);
+    Ref<> getEntityAtScreenCoords(int x, int y);
+    Ref<> getWorldCellByScreenCoords(int x, int y);
+    Ref<> getWorldPosByScreenCoords(int x, int y);
+
+protected:
+    // The passes of a frame. None can raise: what goes wrong in one is reported, and the next one runs.
+    virtual void renderWalls(int horizon, int width, int height);
+    virtual void renderSprites(int horizon, int width, int height);
+    virtual void renderSky(int horizon);
+
+private:
+    Columns columns;  // of the last frame; the depth buffer of sprites and queries
+
+    View viewOf(int horizon, int width, int height) const;
+    void drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, const Fog& fog);
+    void sortByDistance();
+    Ref<> cellOrPoint(int x, int y, bool cell);
+};
+
+Fog fogOf(const Level& level);
+
+void declareRaycastingRenderer(Module&);
+
+}  // namespace zv

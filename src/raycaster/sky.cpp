@@ -1,0 +1,26 @@
+#include "raycaster/sky.hpp"
+
+namespace zv {
+
+// The column of the panorama in a direction. A direction beyond the full circle comes round again.
+static int skyColumn(const Image& sky, double angle) {
+    if (angle < -3600) angle = std::fmod(angle, 360.0);  // a wild field of view must not take for ever
+    while (angle < 0) angle += 360.0;
+    return std::max(truncate(angle * (sky.width / 360.0)) % sky.width, 0);
+}
+
+void drawSky(const Image& sky, const View& view, double degrees, const Image& target) {
+    if (sky.empty()) return;
+    std::vector<int> skyX(static_cast<size_t>(view.width));
+    for (int x = 0; x < view.width; x++) {
+        double angle = static_cast<double>(x) / view.width * view.fov + degrees - view.fov / 2;
+        skyX[static_cast<size_t>(x)] = skyColumn(sky, angle);
+    }
+    for (int y = 0; y < view.height; y++) {
+        double share = (static_cast<double>(view.height) - view.horizon + y) / (2.0 * view.height);
+        int skyY = std::clamp(truncate(share * sky.height), 0, sky.height - 1);
+        for (int x = 0; x < view.width; x++) target.at(x, y) = sky.at(skyX[static_cast<size_t>(x)], skyY);
+    }
+}
+
+}  // namespace zv
