@@ -72,7 +72,7 @@ void RaycastingRenderer::drawEntity(PyObject* entity, const View& view, const Ro
     Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
     Ref<SpriteComponent> component = componentOf<SpriteComponent>(entity);
     if (!component->sprite || !component->currentAnimation) return;
-    double timeStep = Convert<double>::from(callByName(engine.raw(), getTimeStep).raw());
+    double timeStep = engine ? Convert<double>::from(callByName(engine.raw(), getTimeStep).raw()) : 0.0;
     advance(*component, *component->currentAnimation, timeStep);
 
     Point place = viewRot(position->pos->point() - view.pos);

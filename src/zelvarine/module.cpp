@@ -1,4 +1,5 @@
 // The module as a whole: what import defines, in order, and the start of the media libraries.
+#include "collision/movementsystem.hpp"
 #include "events.hpp"
 #include "geometryMath.hpp"
 #include "raycaster/frame.hpp"
@@ -37,6 +38,8 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareRenderer(module);
         declareCamera(module);
         declareRaycastingRenderer(module);
+        declareCollisionBodySystem(module);
+        declareMovementSystem(module);
         return object.release();
     });
 }
