@@ -17,8 +17,10 @@ long long toInteger(PyObject* o, long long low, long long high, const char* what
     Ref<> number = integerOf(o);
     int overflow;
     long long value = PyLong_AsLongLongAndOverflow(number.raw(), &overflow);
-    if (overflow || value < low || value > high)
-        raise(PyExc_OverflowError, "value %s to convert to %s", value < low || overflow < 0 ? "too small" : "too large", what);
+    bool tooSmall = overflow ? overflow < 0 : value < low;
+    if (tooSmall && low == 0) raise(PyExc_OverflowError, "can't convert negative value to %s", what);
+    if (tooSmall) raise(PyExc_OverflowError, "value too small to convert to %s", what);
+    if (overflow || value > high) raise(PyExc_OverflowError, "value too large to convert to %s", what);
     return value;
 }
 

@@ -59,12 +59,11 @@ template <> struct Convert<int> {
     static PyObject* to(int v) { return PyLong_FromLong(v); }
     static std::string name() { return "int"; }
 };
+template <> struct Convert<uint8_t> {  // parameter only
+    static uint8_t from(PyObject* o) { return static_cast<uint8_t>(toInteger(o, 0, UINT8_MAX, "uint8_t")); }
+};
 template <> struct Convert<uint32_t> {
-    static uint32_t from(PyObject* o) {
-        long long value = toInteger(o, INT64_MIN, UINT32_MAX, "uint32_t");
-        if (value < 0) raise(PyExc_OverflowError, "can't convert negative value to uint32_t");
-        return static_cast<uint32_t>(value);
-    }
+    static uint32_t from(PyObject* o) { return static_cast<uint32_t>(toInteger(o, 0, UINT32_MAX, "uint32_t")); }
     static PyObject* to(uint32_t v) { return PyLong_FromUnsignedLong(v); }
     static std::string name() { return "int"; }
 };

@@ -11,7 +11,7 @@ static constexpr Uint32 redMask = 0x00FF0000, greenMask = 0x0000FF00, blueMask =
 
 static bool isExactly(PyObject* o, PyTypeObject* type) { return o && Py_TYPE(o) == type; }
 
-static SurfaceHandle createSurface(int w, int h) {
+SurfaceHandle createSurface(int w, int h) {
     if (w < 0 || h < 0) raise(PyExc_ValueError, "the size of a texture must not be negative, got %d by %d", w, h);
     SurfaceHandle surface(SDL_CreateRGBSurface(0, w, h, 32, redMask, greenMask, blueMask, alphaMask));
     if (!surface) raiseSdl("Could not create the texture.");

@@ -28,6 +28,9 @@ private:
     void loadFile(PyObject* filename);
 };
 
+// A transparent surface in the pixel format of all textures.
+SurfaceHandle createSurface(int w, int h);
+
 // A texture of a surface that was made elsewhere (rendered text).
 Ref<Texture> makeTexture(SurfaceHandle surface);
 

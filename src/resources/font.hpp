@@ -1,0 +1,30 @@
+// TrueType fonts: text becomes textures.
+#pragma once
+#include "resources/texture.hpp"
+
+#include <SDL_ttf.h>
+
+namespace zv {
+
+struct FontRelease {
+    void operator()(TTF_Font* font) const { TTF_CloseFont(font); }
+};
+
+struct Font : Resource {
+    void init(Ref<> filename, int newSize);
+    int getFontSize() const { return size; }
+    std::tuple<int, int> getRenderedTextSize(PyObject* text) const;
+    Ref<Texture> render(PyObject* text, PyObject* color) const;
+    Ref<Texture> renderLines(PyObject* lines, PyObject* color) const;
+
+private:
+    std::unique_ptr<TTF_Font, FontRelease> font;
+    int size = 0;  // in points
+
+    TTF_Font* openFont() const;
+    SurfaceHandle rendered(PyObject* text, SDL_Color color) const;
+};
+
+void declareFont(Module&);
+
+}  // namespace zv
