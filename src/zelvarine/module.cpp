@@ -2,12 +2,14 @@
 #include "collision/movementsystem.hpp"
 #include "events.hpp"
 #include "geometryMath.hpp"
+#include "gui/uitheme.hpp"
 #include "raycaster/frame.hpp"
 #include "renderer.hpp"
 #include "resources/entity/basiccomponents.hpp"
 #include "resources/entity/ecs.hpp"
 #include "resources/entity/spritecomponent.hpp"
 #include "resources/level.hpp"
+#include "resources/sound.hpp"
 
 namespace zv {
 
@@ -28,6 +30,8 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareEvents(module);
         declareResource(module);
         declareTexture(module);
+        declareFont(module);
+        declareSound(module);
         declareEntity(module);
         declareAbstractSystem(module);
         declareEcs(module);
@@ -40,6 +44,7 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareRaycastingRenderer(module);
         declareCollisionBodySystem(module);
         declareMovementSystem(module);
+        declareUITheme(module);
         return object.release();
     });
 }
