@@ -125,6 +125,13 @@ template <auto F, class Self, class... A> auto call(Self& self, A&&... args) {
 inline Ref<> getAttribute(PyObject* o, Name& name) {
     return Ref<>::steal(PyObject_GetAttr(o ? o : Py_None, name.get()));
 }
+inline bool hasAttribute(PyObject* o, Name& name) {
+    PyObject* value = PyObject_GetAttr(o, name.get());
+    if (!value && !PyErr_ExceptionMatches(PyExc_AttributeError)) throw PythonError{};
+    PyErr_Clear();
+    Py_XDECREF(value);
+    return value != nullptr;
+}
 inline void setAttribute(PyObject* o, Name& name, PyObject* value) {
     checked(PyObject_SetAttr(o, name.get(), value ? value : Py_None));
 }

@@ -186,5 +186,14 @@ template <class T> Ref<> toPython(const T& value) {
     if constexpr (std::is_base_of_v<Object, T>) return Ref<>::borrow(value.self());
     else return Ref<>::steal(Convert<T>::to(value));
 }
+inline Ref<> toPython(const char* text) { return Ref<>::steal(Convert<const char*>::to(text)); }
+
+// The remaining arguments as a tuple.
+inline Ref<Tuple> tupleOf(Rest arguments) {
+    Ref<Tuple> tuple = Ref<Tuple>::steal(PyTuple_New(arguments.size));
+    for (Py_ssize_t i = 0; i < arguments.size; i++)
+        PyTuple_SET_ITEM(tuple.raw(), i, Ref<>::borrow(arguments.items[i]).release());
+    return tuple;
+}
 
 }  // namespace zv

@@ -17,8 +17,8 @@ void Level::eachRef(RefVisitor& visit) {
 }
 
 void Level::init(Ref<> filename, Ref<Str> newAssetsPath) {
-    static Name append{"append"};
-    Resource::init(filename ? filename : toPython(std::string_view("???")));
+    static Name append{"append"}, ospath{"_ospath"}, dirname{"dirname"};
+    Resource::init(filename ? filename : toPython("???"));
     assetsPath = std::move(newAssetsPath);
     if (!filename) {
         Ref<Texture> checker = create<Texture>(64, 64);
@@ -27,6 +27,9 @@ void Level::init(Ref<> filename, Ref<Str> newAssetsPath) {
         cellTextures.swap(newCellTextures);
         callByName(textures.raw(), append, checker);
         initializeEmpty(30, 30);
+    } else {
+        if (!assetsPath) assetsPath = Convert<Ref<Str>>::from(callByName(Module::global(ospath).raw(), dirname, filename).raw());
+        call<&Level::loadFromFile>(*this, Convert<Ref<Str>>::from(filename.raw()));
     }
 }
 
@@ -45,7 +48,8 @@ void Level::initializeEmpty(int newWidth, int newHeight) {
         cells = CellBuffer(newWidth, newHeight);
         for (int x = 0; x < newWidth; x++) byteAt(cellBlock, x, 0) = byteAt(cellBlock, x, newHeight - 1) = blockSquare;
         for (int y = 0; y < newHeight; y++) byteAt(cellBlock, 0, y) = byteAt(cellBlock, newWidth - 1, y) = blockSquare;
-        printMap(newWidth);
+        printMap(newWidth);  // every column number as it is
+        call<&Level::loadAssets>(*this);
     });
 }
 
@@ -99,6 +103,46 @@ void declareLevel(Module& module) {
         .property<&Level::entities>("_entities", "list of the entities")
         .property<&Level::collisionBodies>("_collisionBodies", "list for scripts; the engine does not use it")
         .property<&Level::assetsPath>("_assetsPath", "folder that relative paths of assets start from, str or None")
+        .method<&Level::loadFromFile>("_loadFromFile", {{"filename", Required{}, "str"}},
+            "Loads the level `filename`, its description `filename` + '.json' first; meant for a new level, since\n"
+            "assets and entities join those that are there. A grid file that is too short is filled up with empty\n"
+            "cells, the surplus of a longer one is ignored. Raises LevelFormatException for an invalid description,\n"
+            "OSError for a file that cannot be read, OverflowError for a grid of negative size or above 2 GiB.\n"
+            "Entities that cannot be loaded are reported on standard error.")
+        .method<&Level::loadMetadata>("_loadMetadata", {{"filename", Required{}, "str"}, {"header", Required{}, "str"}},
+            "Replaces the metadata by the JSON text `header`; the grid stays until `_loadFromFile` replaces it.\n"
+            "Raises LevelFormatException, with `filename` in it, for an invalid description.")
+        .method<&Level::loadAssets>("_loadAssets", {}, "Loads the sky, the textures and the sprites that the metadata names.")
+        .method<&Level::convertPath>("_convertPath", {{"path", Required{}, "str"}},
+            "The path of an asset: a relative one starts from `_assetsPath`.\n@return(str)")
+        .method<&Level::createComponent>("createComponent", {{"componentName", Required{}, "str"}, {"component", Required{}, "dict"}},
+            "Creates a component from its name and its dict in a level file. For an unknown name a subclass of\n"
+            "DummyComponent is made and registered, which keeps the data.")
+        .method<&Level::loadFromDict>("_loadFromDict", {{"component"}, {"input", Required{}, "dict"}},
+            "Stores the items of `input` as attributes, for components without a method loadFromDict.")
+        .method<&Level::saveFile>("saveFile", {{"filename", Required{}, "str"}},
+            "Saves the content of the level as LVL file\n        (thus, the file name should end with '.lvl')\n\n"
+            "The metadata goes to `filename` + '.json', with the entities brought up to date, and the grid to\n"
+            "`filename`, both in place. Lists and fog that a script changed are not in the metadata. Raises\n"
+            "ValueError, before anything is written, when the metadata is of another size than the grid.")
+        .method<&Level::updateEntityMetadata>("_updateEntityMetadata", {}, "Makes metadata['entities'] anew from the entities.")
+        .method<&Level::dumpToDict>("_dumpToDict", {{"obj"}},
+            "Plain values from the attributes of an object, for JSON. Names with a leading underscore are left\n"
+            "out, other iterables than str become lists. Raises RecursionError for objects in a circle.")
+        .method<&Level::addEntity>("addEntity", {{"entity"}}, "Appends an entity; the metadata learn of it when the level is saved.")
+        .method<&Level::removeEntity>("removeEntity", {{"entity"}}, "Removes an entity; ValueError if it is not in the level.")
+        .method<&Level::removeAllEntities>("removeAllEntities", {}, "Removes all entities.")
+        .method<&Level::addEntityFromJson>("addEntityFromJson", {{"entity", Required{}, "dict"}},
+            "Adds an entity from its dict in a level file, to the metadata as well. Raises KeyError when the\n"
+            "metadata have no 'entities'.\n@return(Entity)")
+        .method<&Level::removeEntityFromJson>("removeEntityFromJson", {{"entity"}},
+            "Removes an entity and, at the same place, its dict in the metadata. Raises ValueError if it is not\n"
+            "in the level, KeyError or IndexError if the metadata do not have it; both lists are then unchanged.")
+        .method<&Level::syncEntitiesFromEcs>("syncEntitiesFromEcs", {{"ecs"}}, "Replaces the level's entities by those of the Ecs; they are shared, not copied.")
+        .method<&Level::syncEntitiesToEcs>("syncEntitiesToEcs", {{"ecs"}}, "Replaces the entities of the Ecs by the level's; they are shared, not copied.")
+        .method<&Level::getEntities>("getEntities", {},
+            "Without arguments the live list of all entities; with component types, a new list of the entities\n"
+            "that have all of them.\n@return(list)")
         .addTo(module.raw());
 }
 

@@ -1,6 +1,6 @@
 // A level: the grid of cells, the textures and sprites that cells and entities refer to, fog, entities.
 #pragma once
-#include "resources/entity/entity.hpp"
+#include "resources/entity/ecs.hpp"
 #include "resources/level/cellbuffer.hpp"
 #include "resources/level/fogcolor.hpp"
 #include "resources/texture.hpp"
@@ -43,13 +43,37 @@ struct Level : Resource {
     std::tuple<int, int, int> getGroundFogColor() const { return groundFogColor.components(); }
     void setGroundFogColor(PyObject* components) { groundFogColor = FogColor::of(components); }
 
-    // The internal operations. The first, second and fourth report their errors and return.
+    void loadFromFile(Ref<Str> filename);
+    void loadMetadata(Ref<Str> filename, Ref<Str> header);
+    void loadAssets();
+    Ref<> convertPath(Ref<Str> path) const;
+    Ref<> createComponent(Ref<Str> componentName, PyObject* component);
+    void loadFromDict(PyObject* component, PyObject* input);
+
+    void saveFile(Ref<Str> filename);
+    void updateEntityMetadata();
+    Ref<> dumpToDict(PyObject* object);
+
+    void addEntity(Ref<Entity> entity);
+    void removeEntity(Ref<Entity> entity);
+    void removeAllEntities();
+    Ref<Entity> addEntityFromJson(Ref<Dict> entity);
+    void removeEntityFromJson(Ref<Entity> entity);
+    void syncEntitiesFromEcs(Ref<Ecs> ecs);
+    void syncEntitiesToEcs(Ref<Ecs> ecs);
+    Ref<> getEntities(Rest requiredComponentTypes) const;
+
+    // The internal operations. All but loadEntity report their errors and return.
     virtual void loadFogSettings();
     virtual void initializeEmpty(int newWidth, int newHeight);
+    virtual Ref<Entity> loadEntity(PyObject* entity);
+    virtual void loadEntities();
 
 private:
     CellBuffer cells;
 
+    static Ref<> descriptionName(const Ref<Str>& filename);
+    Ref<Texture> loadTexture(PyObject* path);
     uint8_t& byteAt(int offset, int x, int y) const;
     void printMap(int columnModulus) const;
 };

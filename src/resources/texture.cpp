@@ -21,11 +21,11 @@ SurfaceHandle createSurface(int w, int h) {
 void Texture::init(PyObject* w, PyObject* h) {
     if (isExactly(w, &PyLong_Type) && isExactly(h, &PyLong_Type)) {
         adopt(createSurface(Convert<int>::from(w), Convert<int>::from(h)));
-        Resource::init(toPython(std::string_view("")));
+        Resource::init(toPython(""));
     } else if (isExactly(w, &typeOf<Texture>)) {
         const Texture& source = *native<Texture>(w);
         adopt(createSurface(source.getWidth(), source.getHeight()));
-        Resource::init(toPython(std::string_view("")));
+        Resource::init(toPython(""));
         static Name copyFromName{"copyFrom"};
         callByName(self(), copyFromName, w);
     } else {
@@ -58,7 +58,7 @@ void Texture::adopt(SurfaceHandle newSurface) {
 
 Ref<Texture> makeTexture(SurfaceHandle surface) {
     Ref<Texture> texture = make<Texture>();
-    texture->Resource::init(toPython(std::string_view("")));
+    texture->Resource::init(toPython(""));
     texture->adopt(std::move(surface));
     return texture;
 }

@@ -5,6 +5,7 @@
 #include "gui/uitheme.hpp"
 #include "raycaster/frame.hpp"
 #include "renderer.hpp"
+#include "resources/components.hpp"
 #include "resources/entity/basiccomponents.hpp"
 #include "resources/entity/ecs.hpp"
 #include "resources/entity/spritecomponent.hpp"
@@ -38,6 +39,7 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareBasicComponents(module);
         declareSprite(module);
         declareSpriteComponent(module);
+        declareComponents(module);
         declareLevel(module);
         declareRenderer(module);
         declareCamera(module);

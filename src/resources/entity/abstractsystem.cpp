@@ -3,10 +3,7 @@
 namespace zv {
 
 void AbstractSystem::init(Rest componentTypes) {
-    Ref<Tuple> types = Ref<Tuple>::steal(PyTuple_New(componentTypes.size));
-    for (Py_ssize_t i = 0; i < componentTypes.size; i++)
-        PyTuple_SET_ITEM(types.raw(), i, Ref<>::borrow(componentTypes.items[i]).release());
-    interestedComponentTypes = std::move(types);
+    interestedComponentTypes = tupleOf(componentTypes);
     entities = Ref<List>::steal(PyList_New(0));
     ecs = {};
     engine = {};

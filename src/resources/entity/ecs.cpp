@@ -44,9 +44,7 @@ Ref<> Ecs::getEntities(Rest requiredComponentTypes) {
     static PyMethodDef predicate{"predicate", hasRequiredComponents, METH_O, nullptr};
     static Name filter{"filter"};
     if (requiredComponentTypes.size == 0) return Ref<>::borrow(entities.raw());
-    Ref<> types = Ref<>::steal(PyTuple_New(requiredComponentTypes.size));
-    for (Py_ssize_t i = 0; i < requiredComponentTypes.size; i++)
-        PyTuple_SET_ITEM(types.raw(), i, Ref<>::borrow(requiredComponentTypes.items[i]).release());
+    Ref<Tuple> types = tupleOf(requiredComponentTypes);
     Ref<> bound = Ref<>::steal(PyCFunction_New(&predicate, types.raw()));
     return Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(filter).raw(), bound.raw(), entities.raw(), nullptr));
 }

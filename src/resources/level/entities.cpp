@@ -1,0 +1,115 @@
+// The entities of a level: from their dicts to objects, and back and forth between level and Ecs.
+#include "binding/items.hpp"
+#include "resources/level.hpp"
+
+namespace zv {
+
+static Name appendName{"append"}, componentsName{"_COMPONENTS"};
+
+void Level::loadEntities() {
+    static Name where{"zelvarine.Level._loadEntities"};
+    unraisable(where, [&] {
+        if (!hasItem(metadata.raw(), "entities")) return;
+        forEach(item(metadata.raw(), "entities").raw(), [&](PyObject* entity) { loadEntity(entity); });
+    });
+}
+
+Ref<Entity> Level::loadEntity(PyObject* entity) {
+    Ref<> arguments = Ref<>::steal(PyList_New(0)), id = toPython(-1);
+    forEach(entity, [&](PyObject* key) {
+        if (PyUnicode_Check(key) && PyUnicode_CompareWithASCIIString(key, "id") == 0) return;
+        Ref<> input = Ref<>::steal(PyObject_GetItem(entity, key));
+        Ref<> component = call<&Level::createComponent>(*this, Convert<Ref<Str>>::from(key), input.raw());
+        if (component.orNone() != Py_None) checked(PyList_Append(arguments.raw(), component.raw()));
+    });
+    if (hasItem(entity, "id")) id = Ref<>::steal(PyNumber_Long(item(entity, "id").raw()));
+    checked(PyList_Insert(arguments.raw(), 0, id.raw()));
+    Ref<Entity> loaded = Ref<Entity>::steal(PyObject_CallObject(reinterpret_cast<PyObject*>(&typeOf<Entity>),
+                                                                Ref<>::steal(PyList_AsTuple(arguments.raw())).raw()));
+    callByName(entities.raw(), appendName, loaded);
+    return loaded;
+}
+
+// A class of its own for each unknown name, so that an entity can have several of them.
+static void registerUnknown(PyObject* components, const Ref<Str>& name) {
+    static Name dummyName{"DummyComponent"};
+    print(Ref<>::steal(PyUnicode_FromFormat("unknown component type '%U'", name.raw())));
+    Ref<> className = Ref<>::steal(PyUnicode_FromFormat("_Component_%U", name.raw()));
+    Ref<> cls = Ref<>::steal(PyObject_CallFunction(reinterpret_cast<PyObject*>(&PyType_Type), "O(O){}", className.raw(),
+                                                   Module::global(dummyName).raw()));
+    checked(PyObject_SetItem(components, name.raw(), cls.raw()));
+    checked(PyObject_SetItem(components, cls.raw(), name.raw()));
+}
+
+Ref<> Level::createComponent(Ref<Str> componentName, PyObject* component) {
+    static Name loadFromDictName{"loadFromDict"};
+    Ref<> components = Module::global(componentsName);
+    checkType<Str>(componentName.orNone());
+    if (!contains(components.raw(), componentName.raw())) registerUnknown(components.raw(), componentName);
+    Ref<> cls = Ref<>::steal(PyObject_GetItem(components.raw(), componentName.raw()));
+    Ref<> instance = Ref<>::steal(PyObject_CallObject(cls.raw(), nullptr));
+    if (hasAttribute(instance.raw(), loadFromDictName)) callByName(instance.raw(), loadFromDictName, *this, component);
+    else call<&Level::loadFromDict>(*this, instance.raw(), component);
+    return instance;
+}
+
+void Level::loadFromDict(PyObject* component, PyObject* input) {
+    static Name dictName{"__dict__"}, items{"items"};
+    Ref<> attributes = getAttribute(component, dictName);
+    forEach(callByName(input, items).raw(), [&](PyObject* item) {
+        std::vector<Ref<>> pair = unpack(item, 2);
+        checked(PyObject_SetItem(attributes.raw(), pair[0].raw(), pair[1].raw()));
+    });
+}
+
+void Level::addEntity(Ref<Entity> entity) { callByName(entities.raw(), appendName, entity); }
+
+void Level::removeEntity(Ref<Entity> entity) {
+    static Name remove{"remove"};
+    callByName(entities.raw(), remove, entity);
+}
+
+void Level::removeAllEntities() {
+    static Name clear{"clear"};
+    callByName(entities.raw(), clear);
+}
+
+Ref<Entity> Level::addEntityFromJson(Ref<Dict> entity) {
+    callByName(item(metadata.raw(), "entities").raw(), appendName, entity);
+    return loadEntity(entity.orNone());
+}
+
+void Level::removeEntityFromJson(Ref<Entity> entity) {
+    static Name indexName{"index"};
+    Ref<List> live = entities;
+    Ref<> index = callByName(live.raw(), indexName, entity);
+    Ref<> dicts = item(metadata.raw(), "entities");
+    checked(PyObject_DelItem(dicts.raw(), index.raw()));  // fails where the lists do not run parallel
+    checked(PyObject_DelItem(live.orNone(), index.raw()));
+}
+
+void Level::syncEntitiesFromEcs(Ref<Ecs> ecs) {
+    static Name getEntities{"getEntities"};
+    Ref<> source = callByName(ecs.raw(), getEntities);
+    call<&Level::removeAllEntities>(*this);
+    forEach(source.raw(), [&](PyObject* entity) { call<&Level::addEntity>(*this, Convert<Ref<Entity>>::from(entity)); });
+}
+
+void Level::syncEntitiesToEcs(Ref<Ecs> ecs) {
+    static Name removeAllEntities{"removeAllEntities"}, addEntity{"addEntity"};
+    callByName(ecs.raw(), removeAllEntities);
+    forEach(entities.raw(), [&](PyObject* entity) { callByName(ecs.raw(), addEntity, entity); });
+}
+
+Ref<> Level::getEntities(Rest requiredComponentTypes) const {
+    Ref<List> all = entities;
+    if (requiredComponentTypes.size == 0) return Ref<>::borrow(all.raw());
+    Ref<Tuple> types = tupleOf(requiredComponentTypes);
+    Ref<> found = Ref<>::steal(PyList_New(0));
+    forEach(all.raw(), [&](PyObject* entity) {
+        if (hasComponents(entity, types.raw())) checked(PyList_Append(found.raw(), entity));
+    });
+    return found;
+}
+
+}  // namespace zv

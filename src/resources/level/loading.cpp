@@ -1,0 +1,143 @@
+// Reading a level from its pair of files: the JSON description and the raw grid.
+#include "binding/files.hpp"
+#include "binding/items.hpp"
+#include "resources/entity/sprite.hpp"
+#include "resources/level.hpp"
+
+#include <algorithm>
+
+namespace zv {
+
+static Name appendName{"append"}, readName{"read"};
+
+[[noreturn]] static void raiseLevelFormat(const Ref<Str>& filename, const Ref<>& message) {
+    static Name className{"LevelFormatException"};
+    Ref<> error = Ref<>::steal(PyObject_CallFunctionObjArgs(Module::global(className).raw(), filename.orNone(), message.raw(), nullptr));
+    PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(error.raw())), error.raw());
+    throw PythonError{};
+}
+[[noreturn]] static void raiseLevelFormat(const Ref<Str>& filename, const char* message) {
+    raiseLevelFormat(filename, toPython(message));
+}
+
+Ref<> Level::descriptionName(const Ref<Str>& filename) {
+    return Ref<>::steal(PyNumber_Add(filename.orNone(), toPython(".json").raw()));
+}
+
+// The size of the buffer of a grid. Saving counts its bytes in 32 bits, so there cannot be more.
+static CellBuffer newCells(int width, int height) {
+    int64_t count = int64_t{width} * height;
+    if (count < 0) raise(PyExc_OverflowError, "can't convert negative value to size_t");
+    if (count > INT_MAX / cellBytes) raise(PyExc_OverflowError, "a grid of %d by %d cells is too large", width, height);
+    return CellBuffer(width, height);
+}
+
+void Level::loadFromFile(Ref<Str> filename) {
+    withFile(descriptionName(filename).raw(), "r", [&](PyObject* file) {
+        call<&Level::loadMetadata>(*this, filename, Convert<Ref<Str>>::from(callByName(file, readName).raw()));
+        loadFogSettings();
+    });
+    withFile(filename.orNone(), "rb", [&](PyObject* file) {
+        int newWidth = Convert<int>::from(item(metadata.raw(), "width").raw());
+        int newHeight = Convert<int>::from(item(metadata.raw(), "height").raw());
+        CellBuffer newGrid = newCells(newWidth, newHeight);
+        Ref<> content = callByName(file, readName);
+        char* bytes;
+        Py_ssize_t length;
+        checked(PyBytes_AsStringAndSize(content.raw(), &bytes, &length));
+        std::copy_n(bytes, std::min(static_cast<size_t>(length), newGrid.size()), newGrid.data());
+        cells = std::move(newGrid);
+        width = newWidth;
+        height = newHeight;
+        call<&Level::loadAssets>(*this);
+        loadEntities();
+    });
+}
+
+// What json.loads makes of the text; with a ValueError in `error` if it is no JSON.
+static Ref<> parsed(const Ref<Str>& text, Ref<>& error) {
+    static Name json{"_json"}, loads{"loads"};
+    try {
+        return callByName(Module::global(json).raw(), loads, text);
+    } catch (const PythonError&) {
+        if (!PyErr_ExceptionMatches(PyExc_ValueError)) throw;
+        PyObject *type, *value, *traceback;
+        PyErr_Fetch(&type, &value, &traceback);
+        PyErr_NormalizeException(&type, &value, &traceback);
+        Py_XDECREF(type);
+        Py_XDECREF(traceback);
+        error = Ref<>::steal(value);
+        return {};
+    }
+}
+
+void Level::loadMetadata(Ref<Str> filename, Ref<Str> header) {
+    static Name clear{"clear"}, update{"update"};
+    callByName(metadata.raw(), clear);
+    Ref<> error, description = parsed(header, error);
+    if (description.orNone() == Py_None)
+        raiseLevelFormat(filename, Ref<>::steal(PyUnicode_FromFormat("Invalid JSON header: %S", error.orNone())));
+    if (!hasItem(description.raw(), "width")) raiseLevelFormat(filename, "The 'width' property is required");
+    if (!hasItem(description.raw(), "height")) raiseLevelFormat(filename, "The 'height' property is required");
+    Ref<> newWidth = item(description.raw(), "width"), newHeight = item(description.raw(), "height");
+    if (!PyLong_CheckExact(newWidth.raw())) raiseLevelFormat(filename, "The 'width' property requires an int value");
+    if (!PyLong_CheckExact(newHeight.raw())) raiseLevelFormat(filename, "The 'height' property requires an int value");
+    int widthValue = Convert<int>::from(newWidth.raw()), heightValue = Convert<int>::from(newHeight.raw());
+    width = widthValue;
+    height = heightValue;
+    callByName(metadata.raw(), update, description);
+}
+
+Ref<> Level::convertPath(Ref<Str> path) const {
+    static Name ospathName{"_ospath"}, isabs{"isabs"}, join{"join"};
+    Ref<Str> folder = assetsPath;
+    Ref<> ospath = Module::global(ospathName);
+    if (!folder || Convert<bool>::from(callByName(ospath.raw(), isabs, path).raw())) return Ref<>::borrow(path.orNone());
+    return callByName(ospath.raw(), join, folder, path);
+}
+
+Ref<Texture> Level::loadTexture(PyObject* path) {
+    return create<Texture>(call<&Level::convertPath>(*this, Convert<Ref<Str>>::from(path)));
+}
+
+static Ref<SpriteAnimation> animationOf(PyObject* name, PyObject* a) {
+    return create<SpriteAnimation>(name, item(a, "frames"), itemOr(a, "oscillate", toPython(0)), itemOr(a, "speed", toPython(0.1)),
+                                   itemOr(a, "startFrame", toPython(0)), itemOr(a, "directions", toPython(1)));
+}
+
+static Ref<> animationsOf(PyObject* sprite) {
+    Ref<> animations = Ref<>::steal(PyList_New(0));
+    if (!hasItem(sprite, "animations")) {
+        checked(PyList_Append(animations.raw(), create<SpriteAnimation>("_", 1, false, 1, 0, 1).raw()));
+        return animations;
+    }
+    Ref<> byName = item(sprite, "animations");
+    forEach(byName.raw(), [&](PyObject* name) {
+        Ref<> animation = Ref<>::steal(PyObject_GetItem(byName.raw(), name));
+        checked(PyList_Append(animations.raw(), animationOf(name, animation.raw()).raw()));
+    });
+    return animations;
+}
+
+// Each list is complete before it joins the level, so that a missing file changes neither half.
+void Level::loadAssets() {
+    PyObject* description = metadata.raw();
+    if (hasItem(description, "skytex")) skyTexture = loadTexture(item(description, "skytex").raw());
+    if (hasItem(description, "textures")) {
+        std::vector<Ref<Texture>> loaded;
+        forEach(item(description, "textures").raw(), [&](PyObject* path) { loaded.push_back(loadTexture(path)); });
+        for (const auto& texture : loaded) callByName(textures.raw(), appendName, texture);
+        cellTextures.swap(loaded);  // the old ones go when nothing can read them any more
+    }
+    if (hasItem(description, "sprites")) {
+        std::vector<Ref<Sprite>> loaded;
+        forEach(item(description, "sprites").raw(), [&](PyObject* sprite) {
+            Ref<Texture> sheet = loadTexture(item(sprite, "texture").raw());
+            Ref<> animations = animationsOf(sprite);
+            loaded.push_back(create<Sprite>(sheet, itemOr(sprite, "xFrames", toPython(1)), itemOr(sprite, "yFrames", toPython(1)), animations));
+        });
+        for (const auto& sprite : loaded) callByName(sprites.raw(), appendName, sprite);
+    }
+}
+
+}  // namespace zv
