@@ -26,9 +26,8 @@ Ref<> Level::descriptionName(const Ref<Str>& filename) {
 
 // The size of the buffer of a grid. Saving counts its bytes in 32 bits, so there cannot be more.
 static CellBuffer newCells(int width, int height) {
-    int64_t count = int64_t{width} * height;
-    if (count < 0) raise(PyExc_OverflowError, "can't convert negative value to size_t");
-    if (count > INT_MAX / cellBytes) raise(PyExc_OverflowError, "a grid of %d by %d cells is too large", width, height);
+    if (width < 0 || height < 0) raise(PyExc_OverflowError, "can't convert negative value to size_t");
+    if (int64_t{width} * height > INT_MAX / cellBytes) raise(PyExc_OverflowError, "a grid of %d by %d cells is too large", width, height);
     return CellBuffer(width, height);
 }
 
