@@ -11,6 +11,31 @@ struct Event : Object {
     void init() { isAlreadyHandled = false; }
 };
 
+struct KeyEvent : Event {
+    int key = 0;
+    bool isCtrlPressed = false, isAltPressed = false, isShiftPressed = false;
+
+    void init(int newKey, bool ctrl, bool alt, bool shift);
+};
+
+struct MouseClickEvent : Event {
+    int x = 0, y = 0, button = 0;
+
+    void init(int newX, int newY, int newButton);
+};
+
+struct MouseWheelEvent : Event {
+    int x = 0, y = 0;
+
+    void init(int newX, int newY);
+};
+
+struct FullscreenEvent : Event {
+    bool oldValue = false, newValue = false;
+
+    void init(bool before, bool after);
+};
+
 void declareEvents(Module&);
 
 }  // namespace zv

@@ -103,8 +103,26 @@ template <auto F> void declareSignature(const char* name, std::vector<Param> par
     signatureOf<F> = {{name}, std::move(params)};
 }
 
+// Native code that calls native code through Python can recurse without a frame that Python counts.
+struct RecursionGuard {
+    RecursionGuard() { checked(-(Py_EnterRecursiveCall(" while calling a Python object") != 0)); }
+    ~RecursionGuard() { Py_LeaveRecursiveCall(); }
+    RecursionGuard(const RecursionGuard&) = delete;
+    RecursionGuard& operator=(const RecursionGuard&) = delete;
+};
+
+// function(args...)
+template <class... A> Ref<> callFunction(PyObject* function, const A&... args) {
+    RecursionGuard guard;
+    std::array<Ref<>, sizeof...(A) + 1> values{toPython(args)...};
+    return [&]<size_t... I>(std::index_sequence<I...>) {
+        return Ref<>::steal(PyObject_CallFunctionObjArgs(function, values[I].raw()..., nullptr));
+    }(std::make_index_sequence<sizeof...(A)>{});
+}
+
 // Calls a method through attribute lookup, so that an override in a script takes effect.
 template <class... A> Ref<> callByName(PyObject* self, Name& name, const A&... args) {
+    RecursionGuard guard;
     std::array<Ref<>, sizeof...(A) + 1> values{toPython(args)...};
     return [&]<size_t... I>(std::index_sequence<I...>) {
         return Ref<>::steal(PyObject_CallMethodObjArgs(self ? self : Py_None, name.get(), values[I].raw()..., nullptr));

@@ -191,7 +191,7 @@ private:
 
 // Creates an object the way a script does; __init__ converts the arguments.
 template <class T, class... A> Ref<T> create(const A&... args) {
-    return Ref<T>::steal(PyObject_CallFunctionObjArgs(reinterpret_cast<PyObject*>(&typeOf<T>), toPython(args).raw()..., nullptr));
+    return Ref<T>::steal(PyObject_CallFunctionObjArgs(classOf<T>(), toPython(args).raw()..., nullptr));
 }
 
 // Creates an object from C++ without a detour through argument tuples; call its init afterwards.

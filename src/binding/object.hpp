@@ -44,6 +44,8 @@ template <class T> T* native(PyObject* o) { return static_cast<T*>(reinterpret_c
 
 template <class T> inline PyTypeObject typeOf = {PyVarObject_HEAD_INIT(nullptr, 0)};
 
+template <class T> PyObject* classOf() { return reinterpret_cast<PyObject*>(&typeOf<T>); }
+
 // Python's own types, for references that hold only these.
 struct List {};
 struct Dict {};

@@ -11,4 +11,19 @@ struct SurfaceRelease {
 };
 using SurfaceHandle = std::unique_ptr<SDL_Surface, SurfaceRelease>;
 
+struct WindowRelease {
+    void operator()(SDL_Window* w) const { SDL_DestroyWindow(w); }
+};
+using WindowHandle = std::unique_ptr<SDL_Window, WindowRelease>;
+
+struct RendererRelease {
+    void operator()(SDL_Renderer* r) const { SDL_DestroyRenderer(r); }
+};
+using RendererHandle = std::unique_ptr<SDL_Renderer, RendererRelease>;
+
+struct StreamRelease {
+    void operator()(SDL_Texture* t) const { SDL_DestroyTexture(t); }
+};
+using StreamHandle = std::unique_ptr<SDL_Texture, StreamRelease>;
+
 }  // namespace zv

@@ -1,8 +1,9 @@
 // The module as a whole: what import defines, in order, and the start of the media libraries.
 #include "collision/movementsystem.hpp"
-#include "events.hpp"
+#include "events/joystick.hpp"
 #include "geometryMath.hpp"
 #include "gui/uitheme.hpp"
+#include "keys.hpp"
 #include "raycaster/frame.hpp"
 #include "renderer.hpp"
 #include "resources/components.hpp"
@@ -11,6 +12,10 @@
 #include "resources/entity/spritecomponent.hpp"
 #include "resources/level.hpp"
 #include "resources/sound.hpp"
+#include "zelvarine/constants.hpp"
+#include "zelvarine/engine.hpp"
+#include "zelvarine/exceptions.hpp"
+#include "zelvarine/medialibraries.hpp"
 
 namespace zv {
 
@@ -18,6 +23,17 @@ static PyModuleDef definition = {
     PyModuleDef_HEAD_INIT, "zelvarine",
     "\nZelvarine is a game engine with a raycasting renderer and some simple UI\ncapabilities.\n",
     -1, nullptr, nullptr, nullptr, nullptr, nullptr};
+
+// The code reaches these modules through the names that they have here.
+static constexpr const char* standardModules = R"python(
+from threading import Timer
+import time
+import math
+import json as _json
+import os.path
+import os.path as _ospath
+import sys as _sys
+)python";
 
 }  // namespace zv
 
@@ -27,8 +43,13 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
     return guarded<PyObject*>(nullptr, [] {
         Ref<> object = Ref<>::steal(PyModule_Create(&definition));
         Module module(object.raw());
+        module.source(standardModules);
+        declareConstants(module);
+        declareKeys(module);
+
         declareVector2(module);
         declareEvents(module);
+        declareJoystick(module);
         declareResource(module);
         declareTexture(module);
         declareFont(module);
@@ -47,6 +68,12 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareCollisionBodySystem(module);
         declareMovementSystem(module);
         declareUITheme(module);
+        declareEngine(module);
+
+        hookMusicFinished();  // before there is a device that could play
+        declareExceptions(module);
+        startMediaLibraries();
+        setEngineAttributes();
         return object.release();
     });
 }

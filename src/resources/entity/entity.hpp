@@ -28,7 +28,7 @@ private:
 // The entity's component of exactly the class T, empty if it has none.
 template <class T> Ref<T> componentOf(PyObject* entity) {
     static Name getComponent{"getComponent"};
-    auto* type = reinterpret_cast<PyObject*>(&typeOf<T>);
+    PyObject* type = classOf<T>();
     Ref<> found = Py_TYPE(entity) == &typeOf<Entity> ? native<Entity>(entity)->getComponent(type)
                                                      : callByName(entity, getComponent, type);
     return found ? Convert<Ref<T>>::from(found.raw()) : Ref<T>();

@@ -1,0 +1,9 @@
+// The constant families of the module, apart from keys and terminal colours.
+#pragma once
+#include "binding/module.hpp"
+
+namespace zv {
+
+void declareConstants(Module&);
+
+}  // namespace zv

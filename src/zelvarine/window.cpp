@@ -1,0 +1,134 @@
+// The window: its creation, what it shows, and what scripts can change of it.
+#include "engine.hpp"
+
+#include "events.hpp"
+#include "renderer.hpp"
+#include "sdl/error.hpp"
+
+#include <SDL_image.h>
+
+#include <algorithm>
+
+namespace zv {
+
+void Engine::openWindow(const char* title, int width, int height, uint32_t flags, PyObject* icon) {
+    window.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, width, height, flags));
+    if (!window) raiseSdl("Could not initialize the window.");
+    if (icon && icon != Py_None) callByName(self(), signatureOf<&Engine::setWindowIcon>.name, icon);
+}
+
+void Engine::createRenderer(int width, int height) {
+    renderer.reset(SDL_CreateRenderer(window.get(), -1, SDL_RENDERER_SOFTWARE));
+    if (!renderer) raiseSdl("Could not initialize the rendering subsystem");
+    stream.reset(SDL_CreateTexture(renderer.get(), SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING, width, height));
+    if (!stream) raiseSdl("Could not initialize the picture of the window.");
+}
+
+// Each renderer overwrites the whole picture: the last one is what is shown.
+void Engine::uploadTargets() {
+    static Name getTarget{"getTarget"};
+    Ref<List> systems = Ref<Ecs>(ecs)->systems;
+    forEach(systems.raw(), [&](PyObject* system) {
+        if (!PyObject_TypeCheck(system, &typeOf<Renderer>)) return;
+        Ref<Texture> target = Convert<Ref<Texture>>::from(callByName(system, getTarget).raw());
+        if (target) upload(target->image());
+    });
+}
+
+// An image of another size is shown as far as it fits.
+void Engine::upload(const Image& image) {
+    if (!stream) return;
+    SDL_Rect common{};
+    SDL_QueryTexture(stream.get(), nullptr, nullptr, &common.w, &common.h);
+    common.w = std::min(common.w, image.width);
+    common.h = std::min(common.h, image.height);
+    if (!SDL_RectEmpty(&common)) SDL_UpdateTexture(stream.get(), &common, image.pixels, image.width * 4);
+}
+
+void Engine::present() {
+    if (!stream) return;
+    SDL_RenderCopy(renderer.get(), stream.get(), nullptr, nullptr);
+    SDL_RenderPresent(renderer.get());
+}
+
+void Engine::setWindowTitle(const char* title) {
+    if (window) SDL_SetWindowTitle(window.get(), title);
+}
+
+std::tuple<int, int> Engine::getWindowPos() const {
+    int x = 0, y = 0;
+    if (window) SDL_GetWindowPosition(window.get(), &x, &y);
+    return {x, y};
+}
+
+void Engine::setWindowPos(std::tuple<int, int> pos) {
+    if (window) SDL_SetWindowPosition(window.get(), std::get<0>(pos), std::get<1>(pos));
+}
+
+std::tuple<int, int> Engine::getWindowSize() const {
+    int width = 0, height = 0;
+    if (window) SDL_GetWindowSize(window.get(), &width, &height);
+    return {width, height};
+}
+
+void Engine::setWindowSize(std::tuple<int, int> size) {
+    if (window) SDL_SetWindowSize(window.get(), std::get<0>(size), std::get<1>(size));
+}
+
+void Engine::setWindowIcon(const char* filename) {
+    if (!window) return;
+    SurfaceHandle icon(IMG_Load(filename));
+    if (icon) SDL_SetWindowIcon(window.get(), icon.get());
+}
+
+void Engine::setFullscreen(bool fullscreen) {
+    if (window) SDL_SetWindowFullscreen(window.get(), fullscreen ? SDL_WINDOW_FULLSCREEN : 0);
+}
+
+bool Engine::isFullscreen() const { return window && (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP); }
+
+void Engine::toggleFullscreen() {
+    bool before = call<&Engine::isFullscreen>(*this);
+    toggleWindow();
+    bool after = call<&Engine::isFullscreen>(*this);
+    fire(create<FullscreenEvent>(before, after).raw());
+}
+
+void Engine::toggleWindow() {
+    SDL_Window* w = window.get();
+    if (!w) return;
+    if (Engine::isFullscreen()) {
+        SDL_SetWindowFullscreen(w, 0);
+        if (SDL_RectEmpty(&windowed)) return;  // entered by setFullscreen: SDL restores the window by itself
+        SDL_SetWindowSize(w, windowed.w, windowed.h);
+        SDL_SetWindowPosition(w, windowed.x, windowed.y);
+    } else {
+        SDL_GetWindowPosition(w, &windowed.x, &windowed.y);
+        SDL_GetWindowSize(w, &windowed.w, &windowed.h);
+        SDL_Rect display;
+        if (SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(w), &display) == 0) {
+            SDL_SetWindowPosition(w, display.x, display.y);
+            SDL_SetWindowSize(w, display.w, display.h);
+        }
+        SDL_SetWindowFullscreen(w, SDL_WINDOW_FULLSCREEN_DESKTOP);
+    }
+}
+
+// A task for the first frame; unlike toggleFullscreen it fires no event.
+void Engine::addFullscreenTask() {
+    static PyMethodDef task{"activateFullscreen", [](PyObject* engine, PyObject* args) -> PyObject* {
+        PyObject *step, *onDone;
+        if (!PyArg_UnpackTuple(args, "activateFullscreen", 2, 2, &step, &onDone)) return nullptr;
+        native<Engine>(engine)->toggleWindow();
+        Py_RETURN_TRUE;
+    }, METH_VARARGS, nullptr};
+    Ref<> activateFullscreen = Ref<>::steal(PyCFunction_New(&task, self()));
+    callByName(self(), signatureOf<&Engine::addTask>.name, activateFullscreen);
+}
+
+void Engine::saveScreenshot(const char* filename) const {
+    SDL_Surface* surface = window ? SDL_GetWindowSurface(window.get()) : nullptr;
+    if (surface) IMG_SavePNG(surface, filename);
+}
+
+}  // namespace zv

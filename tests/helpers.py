@@ -1,0 +1,103 @@
+"""Access to SDL beside the module, to play the part of the user and his devices."""
+import contextlib
+import ctypes
+import os
+import struct
+import subprocess
+import sys
+
+import zelvarine
+
+# Looked up through the module: this is the very SDL that it runs on.
+sdl = ctypes.CDLL(zelvarine.__file__)
+sdl.SDL_GetKeyboardState.restype = ctypes.POINTER(ctypes.c_uint8)
+sdl.SDL_GetKeyName.restype = ctypes.c_char_p
+for function in ("SDL_GetKeyboardFocus", "SDL_GetMouseFocus", "SDL_JoystickFromInstanceID", "SDL_GetWindowFromID"):
+    getattr(sdl, function).restype = ctypes.c_void_p
+
+LEFT_CTRL, LEFT_SHIFT, LEFT_ALT, RIGHT_CTRL = 224, 225, 226, 228  # scancodes
+
+
+def _push(format, *values):
+    event = ctypes.create_string_buffer(struct.pack("=" + format, *values), 128)
+    assert sdl.SDL_PushEvent(event) == 1
+
+
+def pushQuit():
+    _push("I", 0x100)
+
+
+def pushKey(key, scancode=0, down=True, repeat=False):
+    _push("IIIBBxxiiHxxI", 0x300 if down else 0x301, 0, 0, down, repeat, scancode, key, 0, 0)
+
+
+def pushMotion(xrel, yrel, x=0, y=0):
+    _push("IIIIIiiii", 0x400, 0, 0, 0, 0, x, y, xrel, yrel)
+
+
+def pushButton(x, y, button=zelvarine.MOUSE_LEFT, down=False):
+    _push("IIIIBBBxii", 0x401 if down else 0x402, 0, 0, 0, button, down, 1, x, y)
+
+
+def pushWheel(x, y):
+    _push("IIIIiiI", 0x403, 0, 0, 0, x, y, 0)
+
+
+def flushEvents():
+    sdl.SDL_PumpEvents()
+    sdl.SDL_FlushEvents(0, 0xFFFF)
+
+
+@contextlib.contextmanager
+def heldKeys(*scancodes):
+    """SDL's keyboard state with these keys held down."""
+    state = sdl.SDL_GetKeyboardState(None)
+    for code in scancodes:
+        state[code] = 1
+    try:
+        yield
+    finally:
+        for code in scancodes:
+            state[code] = 0
+
+
+class VirtualJoystick:
+    """A device that exists in SDL alone; a context manager that unplugs it at the end."""
+
+    def __init__(self, axes, buttons):
+        gameController = 1
+        self._index = sdl.SDL_JoystickAttachVirtual(gameController, axes, buttons, 0)
+        assert self._index >= 0
+        self._id = sdl.SDL_JoystickGetDeviceInstanceID(self._index)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *error):
+        if self._id is not None:
+            self.unplug()
+
+    @property
+    def _device(self):
+        """The device as the engine opened it."""
+        return ctypes.c_void_p(sdl.SDL_JoystickFromInstanceID(self._id))
+
+    def setAxis(self, axis, value):
+        assert sdl.SDL_JoystickSetVirtualAxis(self._device, axis, ctypes.c_int16(value)) == 0
+
+    def setButton(self, button, pressed):
+        assert sdl.SDL_JoystickSetVirtualButton(self._device, button, ctypes.c_uint8(pressed)) == 0
+
+    def unplug(self):
+        indices = range(sdl.SDL_NumJoysticks())
+        index = [i for i in indices if sdl.SDL_JoystickGetDeviceInstanceID(i) == self._id][0]
+        assert sdl.SDL_JoystickDetachVirtual(index) == 0
+        self._id = None
+
+
+def runScript(code, **environment):
+    """Runs code in a process of its own and returns the process; stdout and stderr are text."""
+    path = [os.path.dirname(zelvarine.__file__), os.path.dirname(__file__)]
+    environment = dict(os.environ, PYTHONPATH=os.pathsep.join(path), **environment)
+    return subprocess.run([sys.executable, "-c", code], env=environment, timeout=60,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE, universal_newlines=True)
