@@ -103,9 +103,11 @@ template <auto F> void declareSignature(const char* name, std::vector<Param> par
     signatureOf<F> = {{name}, std::move(params)};
 }
 
-// Native code that calls native code through Python can recurse without a frame that Python counts.
+// Ends an endless recursion of native code, whose calls Python does not count by itself.
 struct RecursionGuard {
-    RecursionGuard() { checked(-(Py_EnterRecursiveCall(" while calling a Python object") != 0)); }
+    explicit RecursionGuard(const char* where = " while calling a Python object") {
+        if (Py_EnterRecursiveCall(where)) throw PythonError{};
+    }
     ~RecursionGuard() { Py_LeaveRecursiveCall(); }
     RecursionGuard(const RecursionGuard&) = delete;
     RecursionGuard& operator=(const RecursionGuard&) = delete;

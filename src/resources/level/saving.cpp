@@ -52,17 +52,9 @@ void Level::updateEntityMetadata() {
     });
 }
 
-// Objects may refer to each other in a circle; Python's own limit ends that.
-struct RecursionGuard {
-    RecursionGuard() {
-        if (Py_EnterRecursiveCall(" while a component is saved")) throw PythonError{};
-    }
-    ~RecursionGuard() { Py_LeaveRecursiveCall(); }
-};
-
 Ref<> Level::dumpToDict(PyObject* object) {
     static Name dictName{"__dict__"}, iterName{"__iter__"}, items{"items"}, startswith{"startswith"};
-    RecursionGuard guard;
+    RecursionGuard guard(" while a component is saved");  // objects may refer to each other in a circle
     Ref<> value = hasAttribute(object, dictName) ? getAttribute(object, dictName) : Ref<>::borrow(object);
     auto dumped = [&](PyObject* inner) { return call<&Level::dumpToDict>(*this, inner); };
     if (PyDict_CheckExact(value.raw())) {
