@@ -26,16 +26,12 @@ std::optional<Point> closestLineCircleIntersection(Point center, float radius, P
     return {};
 }
 
-bool Move::collidesWith(Point center, double bodyRadius, bool solid) {
+void Move::pushOutOf(Point center, double bodyRadius) {
     Point diff = center - target;
-    double distance = length(diff);
-    double gap = distance - (bodyRadius + radius);
-    if (!(gap < 0)) return false;
-    if (!solid) return true;
+    double distance = length(diff), gap = gapTo(center, bodyRadius);
     if (distance != 0.0) diff = {diff.x / distance, diff.y / distance};
     Point corrected = movement + diff * gap;
     target = from + corrected;
-    return true;
 }
 
 }  // namespace zv

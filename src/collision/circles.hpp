@@ -15,9 +15,16 @@ struct Move {
     Point from, movement, target;
     double radius;
 
-    // Whether the target overlaps a body. One that is solid pushes the target straight away from its centre,
-    // measured from where the mover came; a correction replaces an earlier one rather than adding to it.
-    bool collidesWith(Point center, double bodyRadius, bool solid);
+    // How far the target is from touching a body; below 0 they overlap.
+    double gapTo(Point center, double bodyRadius) const { return length(center - target) - (bodyRadius + radius); }
+    bool overlaps(Point center, double bodyRadius) const {
+        if (std::fabs(center.x - target.x) >= bodyRadius + radius) return false;  // most bodies are far: save the root
+        return gapTo(center, bodyRadius) < 0;
+    }
+
+    // Moves the target straight away from a body that it overlaps, measured from where the mover came: a
+    // correction replaces an earlier one rather than adding to it.
+    void pushOutOf(Point center, double bodyRadius);
 };
 
 }  // namespace zv

@@ -40,6 +40,33 @@ static void brake(Vector2& impulse, double loss) {
     impulse.assign(length(braking) > speed ? Point{0, 0} : impulse.point() - braking);
 }
 
+void MovementSystem::update(double timeStep) {
+    struct Scope {
+        MovementSystem& system;
+        explicit Scope(MovementSystem& s) : system(s) {
+            system.bodiesKnown = false;
+            // A subclass may run code of its own between two movers.
+            system.updating = Py_TYPE(system.self()) == &typeOf<MovementSystem>;
+        }
+        ~Scope() {
+            system.updating = system.bodiesKnown = false;
+            std::vector<Body>().swap(system.knownBodies);
+        }
+    } scope(*this);
+    AbstractSystem::update(timeStep);
+}
+
+const std::vector<MovementSystem::Body>& MovementSystem::currentBodies() {
+    if (bodiesKnown) return knownBodies;
+    std::vector<Body> current;
+    forEach(Ref<List>(bodies->entities).raw(), [&](PyObject* entity) {
+        current.push_back({Ref<>::borrow(entity), componentOf<PositionComponent>(entity), componentOf<CollisionComponent>(entity)});
+    });
+    knownBodies.swap(current);
+    bodiesKnown = true;
+    return knownBodies;
+}
+
 void MovementSystem::updateEntity(PyObject* entity, double timeStep) {
     Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
     Ref<VelocityComponent> velocity = componentOf<VelocityComponent>(entity);
@@ -69,14 +96,17 @@ static bool isIgnored(const Ref<List>& ignoreFlags, const Ref<List>& otherFlags)
 }
 
 void MovementSystem::pushOutOfBodies(PyObject* entity, Move& move, CollisionComponent& collision) {
-    Ref<List> others = bodies->entities;
-    forEach(others.raw(), [&](PyObject* other) {
-        Ref<CollisionComponent> otherCollision = componentOf<CollisionComponent>(other);
-        if (otherCollision.get() == &collision || isIgnored(collision.ignoreFlags, otherCollision->hasFlags)) return;
-        Ref<PositionComponent> otherPosition = componentOf<PositionComponent>(other);
-        if (move.collidesWith(otherPosition->pos->point(), otherCollision->radius, !otherCollision->isOnlyTrigger))
-            fireCollision(entity, other);
-    });
+    if (!updating) bodiesKnown = false;
+    for (size_t i = 0; i < currentBodies().size(); i++) {
+        const Body& known = knownBodies[i];
+        if (known.collision.get() == &collision) continue;
+        if (!move.overlaps(known.position->pos->point(), known.collision->radius)) continue;
+        Body other = known;  // from here on scripts may run
+        if (isIgnored(collision.ignoreFlags, other.collision->hasFlags)) continue;
+        if (!other.collision->isOnlyTrigger) move.pushOutOf(other.position->pos->point(), other.collision->radius);
+        fireCollision(entity, other.entity.raw());
+    }
+    if (!updating) knownBodies.clear();
 }
 
 // Eight rays look for walls from where the mover came. A push goes along its ray, so that what is parallel to
@@ -100,6 +130,7 @@ void MovementSystem::pushOffWalls(PyObject* entity, Move& move, PositionComponen
 void MovementSystem::fireCollision(PyObject* entity, PyObject* other) {
     static Name fireEvent{"fireEvent"};
     if (!engine) return;
+    bodiesKnown = false;  // handlers may change anything
     Ref<CollisionEvent> event = make<CollisionEvent>();
     event->init(Convert<Ref<Entity>>::from(entity), other ? Convert<Ref<Entity>>::from(other) : Ref<Entity>());
     callByName(engine.raw(), fireEvent, event);
@@ -118,6 +149,7 @@ void declareMovementSystem(Module& module) {
             "The system brings a CollisionBodySystem of its own into the Ecs that it is added to. Without a level\n"
             "there are no walls, without an engine no events.")
         .init<&MovementSystem::init>({{"level"}})
+        .method<&MovementSystem::update>("update", {{"timeStep"}}, "Moves all members; `timeStep` is in seconds.")
         .method<&MovementSystem::updateEntity>("_updateEntity", {{"entity"}, {"timeStep"}},
             "Moves one entity by its velocity and impulse; `timeStep` is in seconds.")
         .method<&MovementSystem::setEcs>("_setEcs", {{"ecs"}}, "Takes the collision bodies along from the old Ecs to the new one.")

@@ -21,6 +21,7 @@ struct MovementSystem : AbstractSystem {
     void eachRef(RefVisitor& visit) override { AbstractSystem::eachRef(visit); visit(level); visit(bodies); }
 
     void init(Ref<Level> newLevel);
+    void update(double timeStep);
     void updateEntity(PyObject* entity, double timeStep);
     void setEcs(Ref<Ecs> newEcs);
     void setEngine(Ref<Engine> newEngine);
@@ -29,6 +30,17 @@ protected:
     virtual void moveWithCollisionDetection(PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement);
 
 private:
+    // A body with its components at hand. Every mover looks at every body, so they are fetched once for all
+    // movers, and anew as soon as a script may have changed something.
+    struct Body {
+        Ref<> entity;
+        Ref<PositionComponent> position;
+        Ref<CollisionComponent> collision;
+    };
+    std::vector<Body> knownBodies;
+    bool updating = false, bodiesKnown = false;
+
+    const std::vector<Body>& currentBodies();
     void pushOutOfBodies(PyObject* entity, Move& move, CollisionComponent& collision);
     void pushOffWalls(PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision);
     void fireCollision(PyObject* entity, PyObject* other);
