@@ -11,6 +11,17 @@ void CollisionEvent::init(Ref<Entity> mover, Ref<Entity> other) {
     entity2 = std::move(other);
 }
 
+void MovementSystem::eachRef(RefVisitor& visit) {
+    AbstractSystem::eachRef(visit);
+    visit(level);
+    visit(bodies);
+    for (Body& body : knownBodies) {
+        visit(body.entity);
+        visit(body.position);
+        visit(body.collision);
+    }
+}
+
 void MovementSystem::init(Ref<Level> newLevel) {
     Ref<CollisionBodySystem> newBodies = make<CollisionBodySystem>();
     newBodies->init();

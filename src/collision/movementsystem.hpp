@@ -18,8 +18,7 @@ struct MovementSystem : AbstractSystem {
     Ref<Level> level;
     Ref<CollisionBodySystem> bodies;
 
-    void eachRef(RefVisitor& visit) override { AbstractSystem::eachRef(visit); visit(level); visit(bodies); }
-
+    void eachRef(RefVisitor& visit) override;
     void init(Ref<Level> newLevel);
     void update(double timeStep);
     void updateEntity(PyObject* entity, double timeStep);
