@@ -117,7 +117,7 @@ def _wisp(x, y):
 
 def _gem(x, y):
     return dict(position=_at(x, y), collision=dict(radius=0.3, isOnlyTrigger=True, hasFlags=["gem"]),
-                sprite=_sprite("gem", 0.34, 0.25))
+                sprite=_sprite("gem", 0.27, 0.3))
 
 
 def _warden(x, y, dx, dy, speed=0.0):

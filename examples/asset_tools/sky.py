@@ -23,8 +23,9 @@ def dusk(rng):
     halo = np.exp(-((_around(x - SUN[0]) / 80) ** 2 + ((y - SUN[1]) / 50) ** 2))
     colors = colors + halo[..., None] * np.array([70, 46, 10])
     disc = np.sqrt(_around(x - SUN[0]) ** 2 + (y - SUN[1]) ** 2)
-    colors = over(colors, paint(smooth(135, 170, y), ["fffbd8", "ffdc84"]), smooth(17.5, 15.5, disc))
-    colors = _clouds(rng, colors, y, warmth)
+    sun = smooth(17.5, 15.5, disc)
+    colors = over(colors, paint(smooth(135, 170, y), ["fffbd8", "ffdc84"]), sun)
+    colors = _clouds(rng, colors, y, warmth, 1 - 0.75 * sun)
     colors = _hills(rng, colors, x, y, warmth)
     return to_bytes(colors)
 
@@ -70,15 +71,15 @@ def _moon(colors, x, y):
     return over(colors, np.full_like(colors, 238.0) + [4, 0, -18], crescent)
 
 
-def _clouds(rng, colors, y, warmth):
+def _clouds(rng, colors, y, warmth, thickness):
     density = 0.6 * _noise(rng, 9, 24, 5) + 0.4 * _noise(rng, 5, 7, 2)
     low = np.exp(-((y - 165) / 26) ** 2) * 0.1 + np.exp(-((y - 95) / 34) ** 2) * 0.05
-    body = smooth(0.52, 0.68, density + low) * smooth(10.0, 60.0, y)
+    body = smooth(0.55, 0.7, density + low) * smooth(10.0, 60.0, y)
     below = np.roll(density, -5, 0) - density
     lining = np.clip(0.5 + below * 7.0, 0, 1)
     lit = paint(lining, ["ffe2a0", "ff9c6c", "b0547c", "5c3a72"])
     dim = paint(lining, ["a890b0", "6c5f90", "433f70", "2a2850"])
-    return over(colors, over(dim, lit, warmth), body * 0.85)
+    return over(colors, over(dim, lit, warmth), body * thickness * 0.85)
 
 
 def _hills(rng, colors, x, y, warmth):
@@ -114,4 +115,4 @@ def flashlight():
     bell = np.exp(-(across / 0.36) ** 2)
     ring = np.exp(-((np.abs(across) - 0.5) / 0.09) ** 2) * 0.22
     fall = smooth(0.0, 70.0, down) * smooth(768.0, 420.0, down)
-    return to_bytes((bell * 0.9 + ring)[..., None] * fall[..., None] * np.array([255, 236, 196]))
+    return to_bytes((bell * 0.7 + ring)[..., None] * fall[..., None] * np.array([255, 236, 196]))
