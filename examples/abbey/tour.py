@@ -1,0 +1,95 @@
+"""The scripted walk, for places without a display: it goes round the abbey and takes pictures."""
+
+import collections
+import math
+import os
+import time
+
+from zelvarine import AbstractSystem, PositionComponent, RotationComponent, VelocityComponent
+
+PACE = 0.15  # cells in a frame
+TURN = 4.0  # degrees in a frame, where the walk stands still
+LONGEST_STEP = 0.2  # below the player's radius, so that no wall is jumped over when someone was in the way
+
+# Where to be and where to look: degrees from east over south. Between two stops the walk goes straight.
+Stop = collections.namedtuple("Stop", "x y degrees picture lamp")
+Stop.__new__.__defaults__ = (None, False)
+
+STOPS = [
+    Stop(16.0, 21.2, -90), Stop(16.0, 20.6, -90, "court"), Stop(16.0, 18.0, -80), Stop(14.6, 16.0, -60),
+    Stop(15.5, 13.0, -90), Stop(15.5, 8.6, -90, "chapel"), Stop(14.2, 6.0, -80), Stop(14.2, 3.6, -52, "window"),
+    Stop(17.4, 6.0, 0), Stop(20.4, 6.1, 25), Stop(21.5, 7.5, 0), Stop(24.8, 7.5, 0), Stop(27.5, 8.1, -90, "furnace"),
+    Stop(25.0, 6.4, -120), Stop(24.9, 3.9, -60, "wardens"), Stop(25.0, 6.4, 45), Stop(27.5, 8.5, 90),
+    Stop(27.5, 10.6, 95, "passage"), Stop(29.2, 13.0, 90), Stop(29.2, 16.0, 110, "cellar"),
+    Stop(28.5, 19.2, 150, "flashlight", True), Stop(28.5, 21.5, 90), Stop(28.5, 23.5, 180), Stop(18.6, 23.6, 170, "gate"),
+    Stop(17.5, 24.6, 80), Stop(17.6, 27.5, 0, "garden"), Stop(16.0, 27.5, 190, "glow"), Stop(11.5, 27.5, 180),
+    Stop(8.4, 27.5, 200, "stable", True), Stop(5.2, 26.0, -90), Stop(4.5, 23.5, -90), Stop(4.5, 21.2, -90, "hall"),
+    Stop(6.0, 19.5, 0), Stop(9.5, 19.5, 0), Stop(12.4, 19.3, 190, "sunset"), Stop(9.6, 19.0, -90), Stop(9.7, 12.5, -90),
+    Stop(8.5, 12.5, -180), Stop(4.5, 12.3, -90), Stop(4.5, 9.5, -90), Stop(4.5, 8.0, -90, "library"), Stop(4.5, 2.4, -90),
+]
+
+
+class Tour(AbstractSystem):
+    """Leads the player along the stops. It sets the velocity only, so walls and bodies stand in its way as in yours."""
+
+    def __init__(self, game, picture_folder):
+        super().__init__()
+        self._game = game
+        self._position = game.player.getComponent(PositionComponent).pos
+        self._velocity = game.player.getComponent(VelocityComponent).velocity
+        self._facing = game.player.getComponent(RotationComponent).dir
+        self._way = list(_frames(STOPS))
+        self._picture_folder = picture_folder
+        self.frames = 0
+        self.seconds = 0.0
+        self.pictures = []
+
+    def is_over(self, max_frames):
+        return self.frames >= min(len(self._way), max_frames or len(self._way))
+
+    def take_step(self):
+        """One frame, and the picture that belongs to it."""
+        stop = self._way[self.frames]
+        self._game.switch_lamp(stop.lamp)
+        start = time.perf_counter()
+        self._game.engine.update()
+        self.seconds += time.perf_counter() - start
+        self.frames += 1
+        if stop.picture:
+            self._save_picture(stop.picture)
+
+    def update(self, timeStep):
+        stop = self._way[self.frames]
+        dx, dy = stop.x - self._position.x, stop.y - self._position.y
+        length = math.sqrt(dx * dx + dy * dy)
+        scale = min(1.0, LONGEST_STEP / length) / timeStep if length > 0 else 0.0
+        self._velocity.x, self._velocity.y = dx * scale, dy * scale
+        self._facing.x, self._facing.y = math.cos(math.radians(stop.degrees)), math.sin(math.radians(stop.degrees))
+
+    def print_report(self):
+        print("%d frames of %dx%d, %.0f frames per second" % (
+            (self.frames,) + self._game.target.getSize() + (self.frames / self.seconds,)))
+        print("%d of %d gems found" % (self._game.treasure.found, self._game.treasure.total))
+        print("%d pictures in %s:" % (len(self.pictures), self._picture_folder))
+        for picture in self.pictures:
+            print("  " + picture)
+
+    def _save_picture(self, name):
+        os.makedirs(self._picture_folder, exist_ok=True)
+        picture = "%02d-%s.png" % (len(self.pictures) + 1, name)
+        self._game.target.saveFile(os.path.join(self._picture_folder, picture))
+        self.pictures.append(picture)
+
+
+def _frames(stops):
+    """Where to be and look in each frame: on the way from stop to stop, and at last at it, where the picture is."""
+    for last, stop in zip(stops, stops[1:]):
+        distance = math.sqrt((stop.x - last.x) ** 2 + (stop.y - last.y) ** 2)
+        turn = (stop.degrees - last.degrees + 180.0) % 360.0 - 180.0
+        count = max(1, int(math.ceil(max(distance / PACE, abs(turn) / TURN))))
+        for frame in range(1, count):
+            share = frame / count
+            swing = share * share * (3 - 2 * share)
+            yield Stop(last.x + (stop.x - last.x) * share, last.y + (stop.y - last.y) * share, last.degrees + turn * swing,
+                       None, stop.lamp)
+        yield stop

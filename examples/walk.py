@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""A walk through an old abbey: the demo game of zelvarine.
+
+With a display it opens a window and you play. Without one, or with --headless, it takes a scripted walk, saves pictures
+of what there is to see, and tells how fast it went.
+"""
+
+import argparse
+import os
+import sys
+import tempfile
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+
+KEYS = """
+keys:
+  W A S D, arrows   walk, step aside, turn        Shift   run
+  mouse             look around                   M       let the mouse go, or catch it
+  F                 flashlight                    Escape  quit
+"""
+
+
+def main():
+    options = parse_options()
+    # The module opens the screen and the audio device as it is imported, so the drivers are chosen before that.
+    if options.headless:
+        os.environ["SDL_VIDEODRIVER"] = "dummy"
+    if options.headless or options.silent:
+        os.environ["SDL_AUDIODRIVER"] = "dummy"
+    from abbey.game import Game
+
+    game = Game(options.level, options.size)
+    if options.headless:
+        pictures = options.pictures or default_picture_folder()
+        game.show_around(pictures, options.frames).print_report()
+    else:
+        game.play(options.fps)
+
+
+def parse_options():
+    parser = argparse.ArgumentParser(description=__doc__, epilog=KEYS,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--level", default=os.path.join(HERE, "assets", "walk.lvl"), help="level file to walk through")
+    parser.add_argument("--size", type=size, default=(640, 400), metavar="WxH", help="size of the picture (640x400)")
+    parser.add_argument("--fps", type=positive, default=60, help="most frames in a second when you play (60)")
+    parser.add_argument("--silent", action="store_true", help="run without an audio device")
+    parser.add_argument("--headless", action="store_true", default=not has_display(),
+                        help="take the scripted walk, without a window; the default where there is no display")
+    parser.add_argument("--frames", type=positive, help="end the scripted walk after so many frames")
+    parser.add_argument("--pictures", metavar="FOLDER", help="where the scripted walk saves its pictures")
+    return parser.parse_args()
+
+
+def size(text):
+    width, height = (int(number) for number in text.split("x"))
+    if not (32 <= width <= 4096 and 32 <= height <= 4096):
+        raise ValueError("size out of range")
+    return width, height
+
+
+def positive(text):
+    number = int(text)
+    if number < 1:
+        raise ValueError("not above 0")
+    return number
+
+
+def has_display():
+    if not sys.platform.startswith("linux"):
+        return True
+    return bool(os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY"))
+
+
+def default_picture_folder():
+    build = os.path.join(os.path.dirname(HERE), "build")
+    return os.path.join(build if os.path.isdir(build) else tempfile.gettempdir(), "walk-pictures")
+
+
+if __name__ == "__main__":
+    main()
