@@ -29,7 +29,7 @@ def smooth(low, high, value):
 
 def wrapped(distance):
     """The shorter way around, for a difference of two positions."""
-    return (distance + SIZE / 2) % SIZE - SIZE / 2
+    return distance - SIZE * np.floor(distance / SIZE + 0.5)
 
 
 def blur(field, radius):
