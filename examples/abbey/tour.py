@@ -7,8 +7,8 @@ import time
 
 from zelvarine import AbstractSystem, PositionComponent, RotationComponent, VelocityComponent
 
-PACE = 0.15  # cells in a frame
-TURN = 4.0  # degrees in a frame, where the walk stands still
+PACE = 0.18  # cells in a frame
+TURN = 5.0  # degrees in a frame, where the walk stands still
 LONGEST_STEP = 0.2  # below the player's radius, so that no wall is jumped over when someone was in the way
 
 # Where to be and where to look: degrees from east over south. Between two stops the walk goes straight.
@@ -17,15 +17,17 @@ Stop.__new__.__defaults__ = (None, False)
 
 STOPS = [
     Stop(16.0, 21.2, -90), Stop(16.0, 20.6, -90, "court"), Stop(16.0, 18.0, -80), Stop(14.6, 16.0, -60),
-    Stop(15.5, 13.0, -90), Stop(15.5, 8.6, -90, "chapel"), Stop(14.2, 6.0, -80), Stop(14.2, 3.6, -52, "window"),
-    Stop(17.4, 6.0, 0), Stop(20.4, 6.1, 25), Stop(21.5, 7.5, 0), Stop(24.8, 7.5, 0), Stop(27.5, 8.1, -90, "furnace"),
-    Stop(25.0, 6.4, -120), Stop(24.9, 3.9, -60, "wardens"), Stop(25.0, 6.4, 45), Stop(27.5, 8.5, 90),
-    Stop(27.5, 10.6, 95, "passage"), Stop(29.2, 13.0, 90), Stop(29.2, 16.0, 110, "cellar"),
-    Stop(28.5, 19.2, 150, "flashlight", True), Stop(28.5, 21.5, 90), Stop(28.5, 23.5, 180), Stop(18.6, 23.6, 170, "gate"),
-    Stop(17.5, 24.6, 80), Stop(17.6, 27.5, 0, "garden"), Stop(16.0, 27.5, 190, "glow"), Stop(11.5, 27.5, 180),
-    Stop(8.4, 27.5, 200, "stable", True), Stop(5.2, 26.0, -90), Stop(4.5, 23.5, -90), Stop(4.5, 21.2, -90, "hall"),
-    Stop(6.0, 19.5, 0), Stop(9.5, 19.5, 0), Stop(12.4, 19.3, 190, "sunset"), Stop(9.6, 19.0, -90), Stop(9.7, 12.5, -90),
-    Stop(8.5, 12.5, -180), Stop(4.5, 12.3, -90), Stop(4.5, 9.5, -90), Stop(4.5, 8.0, -90, "library"), Stop(4.5, 2.4, -90),
+    Stop(15.6, 14.4, -80), Stop(15.5, 13.0, -90), Stop(15.5, 8.6, -90, "chapel"), Stop(14.2, 6.0, -80),
+    Stop(14.2, 3.6, -52, "window"), Stop(17.4, 6.0, 0), Stop(20.4, 6.1, 25), Stop(21.5, 7.5, 0), Stop(24.8, 7.5, 0),
+    Stop(27.5, 8.1, -90, "furnace"), Stop(25.0, 6.4, -120), Stop(24.8, 2.9, -14, "wardens"), Stop(25.0, 6.4, 45),
+    Stop(27.5, 8.5, 90), Stop(27.5, 10.6, 95, "passage"), Stop(29.2, 13.0, 90), Stop(29.2, 16.0, 110, "cellar"),
+    Stop(27.3, 19.0, 195, "flashlight", True), Stop(28.5, 21.5, 90), Stop(28.5, 23.5, 180),
+    Stop(18.6, 23.6, 170, "gate"), Stop(17.5, 24.6, 80), Stop(17.6, 27.5, 0, "garden"),
+    Stop(16.0, 27.5, 190, "glow"), Stop(11.5, 27.5, 180), Stop(9.0, 27.6, 205, "stable", True),
+    Stop(6.2, 27.5, 190), Stop(5.2, 26.0, -90), Stop(4.5, 23.5, -90), Stop(4.5, 21.2, -90, "hall"),
+    Stop(6.0, 19.5, 0), Stop(9.5, 19.5, 0), Stop(12.4, 19.3, 190, "sunset"), Stop(10.4, 18.6, -90),
+    Stop(10.4, 12.5, -90), Stop(8.5, 12.5, -180), Stop(4.5, 12.3, -90), Stop(4.5, 9.5, -90),
+    Stop(4.5, 8.0, -90, "library"), Stop(4.5, 2.4, -90),
 ]
 
 
