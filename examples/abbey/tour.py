@@ -92,6 +92,6 @@ def _frames(stops):
         for frame in range(1, count):
             share = frame / count
             swing = share * share * (3 - 2 * share)
-            yield Stop(last.x + (stop.x - last.x) * share, last.y + (stop.y - last.y) * share, last.degrees + turn * swing,
-                       None, stop.lamp)
+            x, y = last.x + (stop.x - last.x) * share, last.y + (stop.y - last.y) * share
+            yield Stop(x, y, last.degrees + turn * swing, None, stop.lamp)
         yield stop

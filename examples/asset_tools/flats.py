@@ -2,12 +2,8 @@
 
 import numpy as np
 
-from .relief import (SIZE, Blocks, Stones, blur, clouds, finish, hollows, light, over, paint, positions, smooth, wrapped)
-from .walls import BRASS, IRON, MOSS, OLD_WOOD, STONE, WOOD, _boards, _studs
-
-CLAY = ["40180f", "702f1c", "9c4d2d", "bd7044"]
-CREAM = ["6a5f4c", "a2957a", "cabd9c", "e6dcc0"]
-EARTH = ["1c1712", "362c20", "54452f", "736046"]
+from .materials import BRASS, CLAY, CREAM, EARTH, IRON, MOSS, OLD_WOOD, STONE, WOOD, boards, studs
+from .relief import Blocks, Stones, SIZE, blur, clouds, finish, hollows, light, over, paint, positions, smooth, wrapped
 
 
 def cobbles(rng):
@@ -55,10 +51,10 @@ def tiles(rng):
 
 def floorboards(rng):
     blocks = Blocks([(10.5, [5]), (11, [38]), (10.5, [20]), (10.5, [52]), (11, [12]), (10.5, [44])])
-    colors, _ = _boards(rng, blocks, WOOD, along_y=False)
+    colors = boards(rng, blocks, WOOD, along_y=False)
     joints = ((5, 5.2), (38, 16), (20, 26.7), (52, 37.2), (12, 48), (44, 58.7))
     nails = [(x + side, y + up) for x, y in joints for side in (-2.5, 2.5) for up in (-2.6, 2.6)]
-    return finish(_studs(colors, nails, 0.8, IRON))
+    return finish(studs(colors, nails, 0.8, IRON))
 
 
 def grass(rng):
@@ -138,8 +134,9 @@ def coffers(rng):
     colors = paint(tone * lit + (lit - 1) * 0.1 - hollows(height, 4.0) * 0.1, WOOD)
     star = np.sqrt((16 - dx) ** 2 + (16 - dy) ** 2)
     angle = np.arctan2(16 - dy, 16 - dx)
-    colors = over(colors, paint(0.5 - (star - 3) * 0.05, BRASS), smooth(0.6, 0.1, star - 2.2 - 1.6 * np.abs(np.cos(angle * 2))))
-    return finish(_studs(colors, [(0, 0), (32, 0), (0, 32), (32, 32)], 1.6, BRASS))
+    petals = smooth(0.6, 0.1, star - 2.2 - 1.6 * np.abs(np.cos(angle * 2)))
+    colors = over(colors, paint(0.5 - (star - 3) * 0.05, BRASS), petals)
+    return finish(studs(colors, [(0, 0), (32, 0), (0, 32), (32, 32)], 1.6, BRASS))
 
 
 def vault(rng):
@@ -160,13 +157,14 @@ def vault(rng):
     lit = light(height, 0.6)
     shade = smooth(3.0, 16.0, along - across) * 0.12
     tone = np.where(on_rib > 0.5, 0.6, 0.42 * (0.6 + 0.4 * face)) + (grain - 0.5) * 0.18 - shade
-    return finish(paint(tone * lit + (lit - 1) * 0.1 - hollows(height) * 0.1, ["2a2622", "4c4740", "756e63", "9b9384", "bcb4a2"]))
+    ramp = ["2a2622", "4c4740", "756e63", "9b9384", "bcb4a2"]
+    return finish(paint(tone * lit + (lit - 1) * 0.1 - hollows(height) * 0.1, ramp))
 
 
 def rafters(rng):
     """Boards seen from below, with a heavy beam across."""
     blocks = Blocks([(64, [0, 16, 32, 48])])
-    colors, _ = _boards(rng, blocks, OLD_WOOD)
+    colors = boards(rng, blocks, OLD_WOOD)
     x, y = positions()
     distance = np.abs(wrapped(y - 32))
     beam = smooth(8.2, 7.8, distance)

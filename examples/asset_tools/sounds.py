@@ -86,7 +86,8 @@ def _bell(frequency, seconds):
 
 def _pluck(frequency):
     time = np.arange(int(RATE * 1.4)) / RATE
-    sound = sum(np.sin(2 * np.pi * frequency * k * time) * np.exp(-time * (2.2 + k * 1.6)) / k ** 1.4 for k in (1, 2, 3, 4))
+    sound = sum(np.sin(2 * np.pi * frequency * k * time) * np.exp(-time * (2.2 + k * 1.6)) / k ** 1.4
+                for k in (1, 2, 3, 4))
     return sound * _fade(len(time))
 
 

@@ -2,9 +2,9 @@
 
 import numpy as np
 
+from .materials import IRON, MOSS, OLD_WOOD, STONE, WOOD
 from .relief import paint, smooth
 from .solids import FRAME, Stage, sheet, turn, with_alpha
-from .walls import IRON, MOSS, OLD_WOOD, STONE, WOOD
 
 COPPER = ["2a0f0a", "66291a", "a8542c", "d98a4a", "ffd394", "fff4d8"]
 STEEL = ["16191f", "343b45", "5f6b77", "96a4ae", "d5e0e4", "ffffff"]
@@ -237,8 +237,8 @@ def column():
     def flutes(angle, y):
         groove = 0.76 + 0.24 * np.abs(np.cos(angle * 5))
         return np.where((y > 9) & (y < 54), groove, 1.0)
-    profile = [(0, 15), (4, 15), (4.1, 13.5), (6, 14), (7.5, 13), (8, 11.5), (10, 10.8), (52, 9.6), (54, 10.4), (55, 12),
-               (57, 12.6), (58, 11.6), (60, 14.5), (60.1, 16), (64, 16)]
+    profile = [(0, 15), (4, 15), (4.1, 13.5), (6, 14), (7.5, 13), (8, 11.5), (10, 10.8), (52, 9.6), (54, 10.4),
+               (55, 12), (57, 12.6), (58, 11.6), (60, 14.5), (60.1, 16), (64, 16)]
     color, inside, y = _lathe(profile, STONE, 0.62, flutes)
     for low in (4, 8, 54.5, 59.6):
         color = np.where(((y > low) & (y < low + 0.8))[..., None], color * 0.55, color)
@@ -275,7 +275,8 @@ def tree(rng):
         return 0.75 + 0.25 * np.sin(angle * 7 + np.sin(y * 0.7) * 1.2)
     color, inside, _ = _lathe([(0, 7.5), (2, 5.2), (8, 3.8), (24, 3.0), (34, 2.0)], OLD_WOOD, 0.55, bark)
     color, inside = color.copy(), inside.copy()
-    clusters = [(32, 14, 10), (20, 22, 9.5), (44, 22, 9.5), (32, 27, 10), (25, 13, 8), (40, 13, 8), (15, 28, 6), (49, 28, 6)]
+    clusters = [(32, 14, 10), (20, 22, 9.5), (44, 22, 9.5), (32, 27, 10), (25, 13, 8), (40, 13, 8), (15, 28, 6),
+                (49, 28, 6)]
     _foliage(rng, color, inside, clusters, 26, 2.0)
     return _settle(color, inside)
 

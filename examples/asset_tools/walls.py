@@ -2,18 +2,9 @@
 
 import numpy as np
 
-from .relief import (SIZE, Blocks, clouds, finish, hollows, light, over, paint, positions, smooth, wrapped)
-
-MORTAR = ["3a3430", "6b6156", "968a78"]
-BRICK = ["3d1712", "6e2b1e", "9a4430", "b9603f", "d08a60"]
-STONE = ["26262c", "45464d", "6b6b6e", "918f8b", "b8b3a8"]
-MOSS = ["1a2812", "2f4a1c", "4d6f2a", "769440", "a5b866"]
-WOOD = ["24140c", "452817", "6b4124", "8f5d36", "b58351"]
-OLD_WOOD = ["1d1712", "3a2d23", "5c4937", "7d6850", "9f8a6d"]
-PLASTER = ["6f6452", "a89a7f", "cdc0a2", "e4dabf", "f4eed8"]
-IRON = ["15181c", "2c3238", "4a535b", "6f7a82", "9daab0"]
-RUST = ["2a130a", "5a2a14", "8a4820", "b06a34"]
-BRASS = ["3a2408", "7a5416", "b98a2c", "e6c25a", "fff0ac"]
+from .materials import (ASHLAR, BRASS, BRICK, IRON, MORTAR, MOSS, OLD_WOOD, PLASTER, RUST, STONE, WOOD, ashlar, boards,
+                        studs)
+from .relief import SIZE, Blocks, clouds, finish, hollows, light, over, paint, positions, smooth, wrapped
 
 
 def bricks(rng):
@@ -31,31 +22,15 @@ def bricks(rng):
     return finish(over(mortar, brick, face))
 
 
-_ASHLAR = [(16, [4, 36]), (16, [20, 44]), (16, [0, 24, 48]), (16, [14, 50])]
-
-
-def _ashlar(rng, blocks):
-    """Dressed stone: chiselled faces inside smooth margins."""
-    border = blocks.border(1.5)
-    grain = clouds(rng, 10, 10, 4)
-    face = smooth(0.3, 1.6, border)
-    pillow = smooth(2.0, 4.5, border)
-    x, y = positions()
-    chisel = np.sin((x * 0.6 + y) * 2.1 + blocks.index * 1.7 + grain * 5) * 0.16 * pillow
-    height = face * 1.3 + pillow * 0.5 + chisel + (grain - 0.5) * 0.8
-    tone = 0.4 + blocks.choose(rng.rand(blocks.count)) * 0.2 + (grain - 0.5) * 0.22
-    return height, tone * (0.55 + 0.45 * face)
-
-
 def stone(rng):
-    height, tone = _ashlar(rng, Blocks(_ASHLAR))
+    height, tone = ashlar(rng, Blocks(ASHLAR))
     lit = light(height, 0.75)
     return finish(paint(tone * lit + (lit - 1) * 0.1 - hollows(height) * 0.22, STONE))
 
 
 def mossy_stone(rng):
-    blocks = Blocks(_ASHLAR)
-    height, tone = _ashlar(rng, blocks)
+    blocks = Blocks(ASHLAR)
+    height, tone = ashlar(rng, blocks)
     damp = clouds(rng, 4, 3, 4)
     ledge = smooth(7.0, 0.0, blocks.y) * 0.32 + smooth(2.0, 0.2, blocks.border()) * 0.18
     cover = damp + ledge
@@ -69,56 +44,15 @@ def mossy_stone(rng):
     return finish(over(rock, green, moss))
 
 
-def _grain(rng, blocks, along_y=True, turns=5.0):
-    """Fibres that run along planks, with a wave and a few knots; and how dark they are, 0 to 1."""
-    x, y = positions()
-    across, along = (blocks.x, y) if along_y else (blocks.y, x)
-    shift = blocks.choose(rng.rand(blocks.count) * 50)
-    sway = clouds(rng, 4, 2, 2) if along_y else clouds(rng, 2, 4, 2)
-    bent = across + (sway - 0.5) * 5
-    ring = np.zeros_like(x)
-    for _ in range(3):
-        kx, ky = rng.rand(2) * SIZE
-        dx, dy = wrapped(x - kx), wrapped(y - ky)
-        stretch = (dx, dy / 2.6) if along_y else (dx / 2.6, dy)
-        ring = ring + np.exp(-(stretch[0] ** 2 + stretch[1] ** 2) / 5.0)
-    lines = np.sin(bent * turns / 3 + shift + ring * 9) * 0.5 + 0.5
-    fine = clouds(rng, 40, 3, 2) if along_y else clouds(rng, 3, 40, 2)
-    return lines * 0.55 + fine * 0.45, smooth(0.45, 0.95, ring)
-
-
-def _boards(rng, blocks, ramp, along_y=True):
-    grain, knot = _grain(rng, blocks, along_y)
-    border = blocks.border(0.6)
-    face = smooth(0.1, 1.0, border)
-    height = face * 1.4 + smooth(0.8, 3.0, border) * 0.35 - grain * 0.28
-    tone = 0.42 + blocks.choose(rng.rand(blocks.count)) * 0.22 - grain * 0.2 - knot * 0.25
-    lit = light(height, 0.7)
-    return paint((tone * lit + (lit - 1) * 0.12) * (0.35 + 0.65 * face), ramp), height
-
-
-def _studs(colors, places, radius, ramp):
-    """Round metal heads with a highlight and a small shadow."""
-    x, y = positions()
-    for px, py in places:
-        dx, dy = wrapped(x - px), wrapped(y - py)
-        distance = np.sqrt(dx * dx + dy * dy)
-        shadow = np.sqrt((dx - 0.7) ** 2 + (dy - 0.9) ** 2)
-        colors = colors * (1 - 0.5 * smooth(radius + 0.7, radius - 0.6, shadow))[..., None]
-        tone = 0.5 - (dx * 0.5 + dy * 0.7) / (radius * 2.0)
-        colors = over(colors, paint(tone, ramp), smooth(radius + 0.2, radius - 0.3, distance))
-    return colors
-
-
 def planks(rng):
     blocks = Blocks([(64, [0, 13, 27, 38, 52])])
-    colors, _ = _boards(rng, blocks, WOOD)
+    colors = boards(rng, blocks, WOOD)
     middles = (6.5, 20, 32.5, 45, 58)
     nails = [(x + side, y) for x in middles for y in (5, 59) for side in (-3, 3)]
     x, y = positions()
     for edge in (5, 59):
         colors = colors * (1 - 0.12 * smooth(4.4, 3.6, np.abs(y - edge)))[..., None]
-    return finish(_studs(colors, nails, 0.9, IRON))
+    return finish(studs(colors, nails, 0.9, IRON))
 
 
 def timber_frame(rng):
@@ -141,7 +75,7 @@ def timber_frame(rng):
     grain = np.sin(direction * 2.6 + fibre * 3.5) * 0.5 + 0.5
     wood = paint((0.36 + fibre * 0.15 - grain * 0.14) * lit + (lit - 1) * 0.12, OLD_WOOD)
     colors = over(plaster, wood, beam)
-    return finish(_studs(colors, [(0, -0.2), (0, 32)], 1.3, OLD_WOOD))
+    return finish(studs(colors, [(0, -0.2), (0, 32)], 1.3, OLD_WOOD))
 
 
 def panelling(rng):
@@ -187,7 +121,7 @@ def metal(rng):
     rivets = [(left + dx, top + dy) for left, top in ((0, 0), (32, 0), (16, 32), (48, 32))
               for dx in (4, 16, 28) for dy in (4, 28)]
     rivets += [(left + dx, top + 16) for left, top in ((0, 0), (32, 0), (16, 32), (48, 32)) for dx in (4, 28)]
-    return finish(_studs(colors, rivets, 1.7, IRON))
+    return finish(studs(colors, rivets, 1.7, IRON))
 
 
 def bookshelf(rng):
@@ -210,7 +144,7 @@ def bookshelf(rng):
                 book = ((across >= 0) & (across < 1) & (inside_y < base) & (inside_y > base - tall)
                         & (np.abs(y - shelf * 21.34 - 10.7) < 10.7))
                 tone = 0.95 - np.abs(across - 0.35) * 1.3 - smooth(8.0, 2.0, inside_y) * 0.25
-                bands = smooth(0.7, 0.3, np.abs(inside_y - base + 3)) + smooth(0.7, 0.3, np.abs(inside_y - base + tall - 3))
+                bands = sum(smooth(0.7, 0.3, np.abs(inside_y - base + up)) for up in (3, tall - 3))
                 spine = over(paint(tone, ramp), paint(tone * 0.9, BRASS), np.clip(bands, 0, 1) * (gold > 0.45))
                 colors = np.where(book[..., None], spine, colors)
             left += width
@@ -225,7 +159,7 @@ def bookshelf(rng):
 
 def stained_glass(rng):
     """A lancet window of coloured glass in a dressed wall."""
-    wall_height, wall_tone = _ashlar(rng, Blocks(_ASHLAR))
+    wall_height, wall_tone = ashlar(rng, Blocks(ASHLAR))
     x, y = positions()
     dx, arch = np.abs(x - 32), 26.0
     side = np.sqrt((dx + 14) ** 2 + np.minimum(y - arch, 0) ** 2) - 28
@@ -244,7 +178,8 @@ def stained_glass(rng):
     glow = 1.08 - (np.abs(y - 30) / 60) + (clouds(rng, 12, 12, 2) - 0.5) * 0.25
     glass = palette[pick] * glow[..., None]
     lead_lattice = np.minimum(np.abs(((x - 32 + y) / 7) % 1 - 0.5), np.abs(((x - 32 - y) / 7) % 1 - 0.5))
-    lead = np.where(rose < 9, smooth(0.93, 0.97, np.abs(np.cos(angle * 4))) * (rose > 3), smooth(0.42, 0.46, lead_lattice))
+    spokes = smooth(0.93, 0.97, np.abs(np.cos(angle * 4))) * (rose > 3)
+    lead = np.where(rose < 9, spokes, smooth(0.42, 0.46, lead_lattice))
     rings = smooth(1.0, 0.5, np.abs(rose - 9.3)) + smooth(0.8, 0.4, np.abs(rose - 3.2))
     mullion = smooth(1.2, 0.8, np.abs(y - 44)) + smooth(1.0, 0.6, dx) * (rose > 9)
     glass = over(glass, np.full_like(glass, 24.0), np.clip(np.maximum(lead, rings + mullion), 0, 1))
@@ -255,29 +190,29 @@ def stained_glass(rng):
 
 def door(rng):
     """An oak door with iron bands in a stone frame."""
-    wall_height, wall_tone = _ashlar(rng, Blocks([(16, [0, 10, 54]), (16, [0, 8, 56])] * 2))
+    wall_height, wall_tone = ashlar(rng, Blocks([(16, [0, 10, 54]), (16, [0, 8, 56])] * 2))
     x, y = positions()
     dx = np.abs(x - 32)
     opening = np.maximum(dx - 22, 7 - y)
     lit = light(wall_height, 0.6)
     colors = paint(wall_tone * 1.1 * lit - smooth(3.0, 0.0, opening) * 0.12, STONE)
-    boards, _ = _boards(rng, Blocks([(64, [10, 21, 32, 43, 54])]), OLD_WOOD)
+    leaf = boards(rng, Blocks([(64, [10, 21, 32, 43, 54])]), OLD_WOOD)
     shade = 1 - smooth(5.0, 0.0, -opening) * 0.5
-    colors = over(colors, boards * shade[..., None], smooth(0.2, -0.2, opening))
+    colors = over(colors, leaf * shade[..., None], smooth(0.2, -0.2, opening))
     for middle in (19.0, 47.0):
         band = smooth(2.6, 2.2, np.abs(y - middle)) * smooth(21.4, 21.0, dx)
         band_lit = light(smooth(2.7, 1.6, np.abs(y - middle)) * 1.2, 0.9)
         colors = colors * (1 - 0.35 * smooth(4.0, 2.4, np.abs(y - middle - 1)) * smooth(22.0, 21.0, dx))[..., None]
         colors = over(colors, paint(0.42 * band_lit + (band_lit - 1) * 0.2, IRON), band)
-        colors = _studs(colors, [(px, middle) for px in (14, 23, 32, 41, 50)], 1.1, IRON)
+        colors = studs(colors, [(px, middle) for px in (14, 23, 32, 41, 50)], 1.1, IRON)
     ring = np.abs(np.sqrt((x - 46) ** 2 + (y - 36) ** 2) - 3.2)
     colors = over(colors, paint(0.7 - (x - 46 + y - 36) * 0.06, BRASS), smooth(1.1, 0.7, ring))
-    return finish(_studs(colors, [(46, 32.6)], 1.5, BRASS))
+    return finish(studs(colors, [(46, 32.6)], 1.5, BRASS))
 
 
 def furnace(rng):
     """A brick arch with coals behind a grate."""
-    wall_height, wall_tone = _ashlar(rng, Blocks(_ASHLAR))
+    wall_height, wall_tone = ashlar(rng, Blocks(ASHLAR))
     x, y = positions()
     lit = light(wall_height, 0.7)
     colors = paint(wall_tone * 0.7 * lit, STONE)
@@ -295,7 +230,8 @@ def furnace(rng):
     fire = paint(heat, ["180404", "5a0c04", "b83208", "f08a1c", "ffd862", "fff6c0"])
     inside = smooth(16.2, 15.8, radius) * smooth(59.2, 58.8, y)
     colors = over(colors, fire, inside)
-    bars = np.maximum(smooth(1.3, 0.9, np.abs((dx + 2.6) % 5.2 - 2.6)) * smooth(30.0, 30.4, y), smooth(1.5, 1.1, np.abs(y - 30)))
+    bars = smooth(1.3, 0.9, np.abs((dx + 2.6) % 5.2 - 2.6)) * smooth(30.0, 30.4, y)
+    bars = np.maximum(bars, smooth(1.5, 1.1, np.abs(y - 30)))
     sill = smooth(58.8, 59.2, y) * smooth(24.2, 23.8, dx)
     bar_lit = light(np.maximum(bars * inside, sill) * 1.2, 0.8)
     return finish(over(colors, paint(0.3 * bar_lit, IRON), np.maximum(bars * inside, sill)))
