@@ -6,7 +6,6 @@ from zelvarine import (AbstractSystem, KEY_A, KEY_D, KEY_DOWN, KEY_LEFT, KEY_LSH
 WALK, RUN = 2.4, 4.2  # cells in a second
 TURN = 140.0  # degrees in a second, with the arrow keys
 MOUSE_TURN = 0.18  # degrees for a step of the mouse
-MOUSE_TILT = 0.5  # rows for a step of the mouse
 
 
 class Controls(AbstractSystem):
@@ -27,8 +26,8 @@ class Controls(AbstractSystem):
         if self.engine.isMouseCaptured():
             right, down = self.engine.getMouseDist()
             turn += right * MOUSE_TURN
-            pitch = self.camera.pitch - down * MOUSE_TILT
-            self.camera.pitch = int(max(-self.steepest, min(self.steepest, pitch)))
+            pitch = self.camera.pitch - down
+            self.camera.pitch = max(-self.steepest, min(self.steepest, pitch))
         self.facing.rotate(turn)
 
     def _walk(self):

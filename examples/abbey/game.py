@@ -31,8 +31,7 @@ class Game:
         self.camera.ratio = SQUARE_WALLS * size[1] / size[0]
         self.lamp = Texture(LAMP)
         self.lamp_is_on = False
-        for entity in self.level._entities:
-            self.engine.ecs.addEntity(entity)
+        self.level.syncEntitiesToEcs(self.engine.ecs)
         self.player = self.engine.ecs.getEntityById(PLAYER_ID)
         if self.player is None:
             raise SystemExit("%s has no entity with the id %d, which is the player's" % (level_file, PLAYER_ID))

@@ -110,9 +110,9 @@ def _trees(rng):
 
 
 def flashlight():
-    """Brightness of the lamp across the screen, and down a wall: rows are read faster the nearer the wall is."""
-    across, down = np.meshgrid((np.arange(256) + 0.5) / 128 - 1, np.arange(768) + 0.5)
+    """Brightness of the lamp across the screen, and down a wall: its rows are read faster the nearer the wall is."""
+    across, down = np.meshgrid((np.arange(256) + 0.5) / 128 - 1, np.arange(2048) + 0.5)
     bell = np.exp(-(across / 0.36) ** 2)
     ring = np.exp(-((np.abs(across) - 0.5) / 0.09) ** 2) * 0.22
-    fall = smooth(0.0, 70.0, down) * smooth(768.0, 420.0, down)
-    return to_bytes((bell * 0.7 + ring)[..., None] * fall[..., None] * np.array([255, 236, 196]))
+    power = (bell * 0.65 + ring) * smooth(0.0, 80.0, down)
+    return to_bytes(power[..., None] * np.array([255, 236, 196]))
