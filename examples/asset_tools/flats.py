@@ -3,7 +3,8 @@
 import numpy as np
 
 from .materials import BRASS, CLAY, CREAM, EARTH, IRON, MOSS, OLD_WOOD, STONE, WOOD, boards, studs
-from .relief import Blocks, Stones, SIZE, blur, clouds, finish, hollows, light, over, paint, positions, smooth, wrapped
+from .relief import (SIZE, Blocks, Stones, blur, clouds, finish, hollows, light, neighbourhood, over, paint, positions,
+                     smooth, wrapped)
 
 
 def cobbles(rng):
@@ -66,15 +67,12 @@ def grass(rng):
         for _ in range(260):
             px, py = rng.rand(2) * SIZE
             lean, length = (rng.rand() - 0.5) * 1.1, 3.0 + rng.rand() * 3.0
-            dx, dy = wrapped(x - px), wrapped(y - py)
-            near = (np.abs(dx) < 6) & (dy < 1) & (dy > -7)
-            up = -dy[near] / length
-            side = np.abs(dx[near] - lean * length * up * np.abs(up) ** 0.6)
+            near, dx, dy = neighbourhood(px, py, 7)
+            up = -dy / length
+            side = np.abs(dx - lean * length * up * np.abs(up) ** 0.6)
             blade = (up > 0) & (up < 1) & (side < 0.62 * (1 - up) + 0.12)
             tone = 0.12 + layer * 0.1 + up * 0.3 + clump[near] * 0.16
-            patch = colors[near]
-            patch[blade] = paint(tone, MOSS)[blade]
-            colors[near] = patch
+            colors[near] = np.where(blade[..., None], paint(tone, MOSS), colors[near])
     for _ in range(5):
         px, py = rng.rand(2) * SIZE
         distance = np.sqrt(wrapped(x - px) ** 2 + wrapped(y - py) ** 2)

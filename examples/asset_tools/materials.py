@@ -2,7 +2,7 @@
 
 import numpy as np
 
-from .relief import SIZE, clouds, light, over, paint, positions, smooth, wrapped
+from .relief import SIZE, clouds, light, neighbourhood, over, paint, positions, smooth, wrapped
 
 MORTAR = ["3a3430", "6b6156", "968a78"]
 BRICK = ["3d1712", "6e2b1e", "9a4430", "b9603f", "d08a60"]
@@ -64,13 +64,12 @@ def boards(rng, blocks, ramp, along_y=True):
 
 
 def studs(colors, places, radius, ramp):
-    """Round metal heads with a highlight and a small shadow."""
-    x, y = positions()
-    for px, py in places:
-        dx, dy = wrapped(x - px), wrapped(y - py)
+    """Sets round metal heads, with a highlight and a small shadow, into the colours."""
+    for x, y in places:
+        near, dx, dy = neighbourhood(x, y, radius + 2)
         distance = np.sqrt(dx * dx + dy * dy)
         shadow = np.sqrt((dx - 0.7) ** 2 + (dy - 0.9) ** 2)
-        colors = colors * (1 - 0.5 * smooth(radius + 0.7, radius - 0.6, shadow))[..., None]
+        shaded = colors[near] * (1 - 0.5 * smooth(radius + 0.7, radius - 0.6, shadow))[..., None]
         tone = 0.5 - (dx * 0.5 + dy * 0.7) / (radius * 2.0)
-        colors = over(colors, paint(tone, ramp), smooth(radius + 0.2, radius - 0.3, distance))
+        colors[near] = over(shaded, paint(tone, ramp), smooth(radius + 0.2, radius - 0.3, distance))
     return colors

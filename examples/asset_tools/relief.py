@@ -32,6 +32,14 @@ def wrapped(distance):
     return distance - SIZE * np.floor(distance / SIZE + 0.5)
 
 
+def neighbourhood(x, y, reach):
+    """The samples around a point, as an index into fields, and their distances to it to the right and down."""
+    steps = np.arange(-int(reach * DETAIL), int(reach * DETAIL) + 1)
+    column, row = int(x * DETAIL), int(y * DETAIL)
+    dx, dy = np.meshgrid((column + steps + 0.5) / DETAIL - x, (row + steps + 0.5) / DETAIL - y)
+    return np.ix_((row + steps) % SAMPLES, (column + steps) % SAMPLES), dx, dy
+
+
 def blur(field, radius):
     """Three box blurs, near enough to a Gaussian; radius in texels."""
     reach = max(1, int(radius * DETAIL / 2))

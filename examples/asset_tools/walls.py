@@ -4,7 +4,7 @@ import numpy as np
 
 from .materials import (ASHLAR, BRASS, BRICK, IRON, MORTAR, MOSS, OLD_WOOD, PLASTER, RUST, STONE, WOOD, ashlar, boards,
                         studs)
-from .relief import SIZE, Blocks, clouds, finish, hollows, light, over, paint, positions, smooth, wrapped
+from .relief import SIZE, Blocks, clouds, finish, hollows, light, neighbourhood, over, paint, positions, smooth, wrapped
 
 
 def bricks(rng):
@@ -239,21 +239,17 @@ def furnace(rng):
 
 def hedge(rng):
     """Clipped box: thousands of small leaves, the upper ones in the light."""
-    x, y = positions()
     colors = paint(0.1 + clouds(rng, 6, 6, 2) * 0.1, MOSS)
     bulge = clouds(rng, 3, 3, 2)
     for layer in range(5):
         for _ in range(150):
             px, py = rng.rand(2) * SIZE
             turn, length, wide = rng.rand() * np.pi, 2.0 + rng.rand() * 1.2, 1.0 + rng.rand() * 0.5
-            dx, dy = wrapped(x - px), wrapped(y - py)
-            near = (np.abs(dx) < 4) & (np.abs(dy) < 4)
-            along = (dx[near] * np.cos(turn) + dy[near] * np.sin(turn)) / length
-            side = (dy[near] * np.cos(turn) - dx[near] * np.sin(turn)) / wide
+            near, dx, dy = neighbourhood(px, py, 4)
+            along = (dx * np.cos(turn) + dy * np.sin(turn)) / length
+            side = (dy * np.cos(turn) - dx * np.sin(turn)) / wide
             leaf = along ** 2 + side ** 2 < 1 - 0.4 * along
-            tone = 0.12 + layer * 0.13 + bulge[near] * 0.2 - (dy[near] + dx[near] * 0.5) * 0.07
+            tone = 0.12 + layer * 0.13 + bulge[near] * 0.2 - (dy + dx * 0.5) * 0.07
             tone = tone - smooth(0.25, 0.0, np.abs(side)) * 0.1
-            patch = colors[near]
-            patch[leaf] = paint(tone, MOSS)[leaf]
-            colors[near] = patch
+            colors[near] = np.where(leaf[..., None], paint(tone, MOSS), colors[near])
     return finish(colors, 0.2)
