@@ -5,7 +5,7 @@ import math
 import os
 import time
 
-from zelvarine import AbstractSystem, PositionComponent, RotationComponent, VelocityComponent
+from zelvarine import AbstractSystem, CollisionComponent, PositionComponent, RotationComponent, VelocityComponent
 
 PACE = 0.18  # cells in a frame
 TURN = 5.0  # degrees in a frame, where the walk stands still
@@ -32,13 +32,15 @@ STOPS = [
 
 
 class Tour(AbstractSystem):
-    """Leads the player along the stops. It sets the velocity only, so walls and bodies stand in its way as in yours."""
+    """Leads the player along the stops. It sets the velocity only, so walls and things stand in its way as in yours."""
 
     def __init__(self, game, picture_folder):
         super().__init__()
         self._game = game
         self._position = game.player.getComponent(PositionComponent).pos
         self._velocity = game.player.getComponent(VelocityComponent).velocity
+        # Wardens make way for the tour, or it would come too late for where it wants to be.
+        game.player.getComponent(CollisionComponent).ignoreFlags = ["warden"]
         self._facing = game.player.getComponent(RotationComponent).dir
         self._way = list(_frames(STOPS))
         self._picture_folder = picture_folder
