@@ -53,7 +53,8 @@ def parse_options():
 
 def size(text):
     width, height = (int(number) for number in text.split("x"))
-    if not (32 <= width <= 4096 and 32 <= height <= 4096):
+    # On smaller pictures the level's farthest sprites would be less than a pixel high, which the renderer reports.
+    if not (128 <= width <= 4096 and 80 <= height <= 4096):
         raise ValueError("size out of range")
     return width, height
 

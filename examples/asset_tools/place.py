@@ -122,7 +122,8 @@ def _gem(x, y):
 
 def _warden(x, y, dx, dy, speed=0.0):
     """An automaton that looks along (dx, dy), and walks there if it has a speed."""
-    warden = dict(position=_at(x, y), rotation=_at(dx, dy), collision=dict(radius=0.3, hasFlags=["warden"], ignoreFlags=["gem"]),
+    warden = dict(position=_at(x, y), rotation=_at(dx, dy),
+                  collision=dict(radius=0.3, hasFlags=["warden"], ignoreFlags=["gem"]),
                   sprite=_sprite("automaton", 0.74, currentAnimation="walk" if speed else "stand"))
     if speed:
         warden["velocity"] = dict(x=dx * speed, y=dy * speed, friction=2.0)
