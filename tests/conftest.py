@@ -5,6 +5,7 @@ import os
 # The tests of the real window run scripts of their own.
 os.environ.setdefault("SDL_VIDEODRIVER", "dummy")
 os.environ.setdefault("SDL_AUDIODRIVER", "dummy")
+os.environ["SDL_JOYSTICK_ALLOW_BACKGROUND_EVENTS"] = "1"  # no window of the dummy driver has the focus
 
 import pytest
 

@@ -1,6 +1,7 @@
 """Access to SDL beside the module, to play the part of the user and his devices."""
 import contextlib
 import ctypes
+import io
 import os
 import struct
 import subprocess
@@ -12,7 +13,7 @@ import zelvarine
 sdl = ctypes.CDLL(zelvarine.__file__)
 sdl.SDL_GetKeyboardState.restype = ctypes.POINTER(ctypes.c_uint8)
 sdl.SDL_GetKeyName.restype = ctypes.c_char_p
-for function in ("SDL_GetKeyboardFocus", "SDL_GetMouseFocus", "SDL_JoystickFromInstanceID", "SDL_GetWindowFromID"):
+for function in ("SDL_JoystickFromInstanceID", "SDL_GetWindowFromID"):
     getattr(sdl, function).restype = ctypes.c_void_p
 
 LEFT_CTRL, LEFT_SHIFT, LEFT_ALT, RIGHT_CTRL = 224, 225, 226, 228  # scancodes
@@ -43,6 +44,12 @@ def pushWheel(x, y):
     _push("IIIIiiI", 0x403, 0, 0, 0, x, y, 0)
 
 
+def moveMouse(x, y):
+    """Moves the mouse over the newest window, as far as SDL is concerned."""
+    window = next(filter(None, map(sdl.SDL_GetWindowFromID, range(10000, 0, -1))))
+    sdl.SDL_WarpMouseInWindow(ctypes.c_void_p(window), x, y)
+
+
 def flushEvents():
     sdl.SDL_PumpEvents()
     sdl.SDL_FlushEvents(0, 0xFFFF)
@@ -59,6 +66,17 @@ def heldKeys(*scancodes):
     finally:
         for code in scancodes:
             state[code] = 0
+
+
+@contextlib.contextmanager
+def unraisableReports():
+    """A file that holds what is reported of exceptions which could not be passed on."""
+    hook, stderr = getattr(sys, "unraisablehook", None), sys.stderr
+    sys.unraisablehook, sys.stderr = getattr(sys, "__unraisablehook__", None), io.StringIO()
+    try:
+        yield sys.stderr
+    finally:
+        sys.unraisablehook, sys.stderr = hook, stderr
 
 
 class VirtualJoystick:

@@ -172,7 +172,8 @@ void declareEngine(Module& module) {
         .method<&Engine::setWindowPos>("setWindowPos", {{"pos"}}, "Moves the window on the desktop.")
         .method<&Engine::getWindowSize>("getWindowSize", {}, "Width and height of the window.")
         .method<&Engine::setWindowSize>("setWindowSize", {{"size"}},
-            "Changes width and height of the window. The picture keeps its size and is stretched.")
+            "Changes width and height of the window. The picture keeps its size and is stretched. Nothing happens\n"
+            "for a size outside of 1 to 16384.")
         .method<&Engine::setWindowIcon>("setWindowIcon", {{"filename"}},
             "Takes the icon of the window from an image file; nothing happens if that cannot be loaded.")
         .method<&Engine::setFullscreen>("setFullscreen", {{"fullscreen"}}, "Enters or leaves fullscreen; fires no event.")

@@ -11,6 +11,8 @@
 
 namespace zv {
 
+static constexpr int maxWindowSize = 16384;  // SDL looks at it only when it creates a window
+
 void Engine::openWindow(const char* title, int width, int height, uint32_t flags, PyObject* icon) {
     window.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, width, height, flags));
     if (!window) raiseSdl("Could not initialize the window.");
@@ -72,7 +74,9 @@ std::tuple<int, int> Engine::getWindowSize() const {
 }
 
 void Engine::setWindowSize(std::tuple<int, int> size) {
-    if (window) SDL_SetWindowSize(window.get(), std::get<0>(size), std::get<1>(size));
+    auto [width, height] = size;
+    bool possible = std::max(width, height) <= maxWindowSize;
+    if (window && possible) SDL_SetWindowSize(window.get(), width, height);
 }
 
 void Engine::setWindowIcon(const char* filename) {
