@@ -4,6 +4,7 @@ namespace zv {
 
 Module& Module::source(const char* code) {
     PyObject* names = PyModule_GetDict(object);
+    checked(PyDict_SetItemString(names, "__builtins__", PyEval_GetBuiltins()));  // Python adds them itself from 3.10 on
     Ref<>::steal(PyRun_String(code, Py_file_input, names, names));
     return *this;
 }
