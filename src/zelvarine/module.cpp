@@ -1,5 +1,6 @@
 // The module as a whole: what import defines, in order, and the start of the media libraries.
 #include "collision/movementsystem.hpp"
+#include "colorprint.hpp"
 #include "events/joystick.hpp"
 #include "geometryMath.hpp"
 #include "gui/uitheme.hpp"
@@ -48,6 +49,7 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareKeys(module);
 
         declareVector2(module);
+        declareTerminalColors(module);
         declareEvents(module);
         declareJoystick(module);
         declareResource(module);
