@@ -55,19 +55,8 @@ void Level::initializeEmpty(int newWidth, int newHeight) {
 
 std::tuple<Ref<>, Ref<>> Level::getSize() const { return {item(metadata.raw(), "width"), item(metadata.raw(), "height")}; }
 
-static void declareConstants(Module& module) {
-    module.constant("BLOCK_EMPTY", blockEmpty).constant("BLOCK_SQUARE", blockSquare)
-        .constant("BLOCK_TRIANGLE_NORTH_WEST", blockNorthWest).constant("BLOCK_TRIANGLE_NORTH_EAST", blockNorthEast)
-        // These two are solid on the other side than their names say, and stay so: level files hold the numbers.
-        .constant("BLOCK_TRIANGLE_SOUTH_EAST", blockSouthWest).constant("BLOCK_TRIANGLE_SOUTH_WEST", blockSouthEast)
-        .constant("TEXTURE_FLOOR", cellFloor).constant("TEXTURE_CEILING", cellCeiling)
-        .constant("TEXTURE_NORTH", cellNorth).constant("TEXTURE_EAST", cellEast)
-        .constant("TEXTURE_SOUTH", cellSouth).constant("TEXTURE_WEST", cellWest)
-        .value("ASCII_CELLS", Ref<>::steal(Py_BuildValue("[ssssss]", "□", "■", "◤", "◥", "◣", "◢")));
-}
-
 void declareLevel(Module& module) {
-    declareConstants(module);
+    module.value("ASCII_CELLS", Ref<>::steal(Py_BuildValue("[ssssss]", "□", "■", "◤", "◥", "◣", "◢")));
     Class<Level, Resource>("zelvarine.Level", "A level resource.")
         .init<&Level::init>({{"filename", None{}}, {"assetsPath", None{}}})
         .readonly<&Level::metadata>("metadata", "dict of the content of the level's JSON description")

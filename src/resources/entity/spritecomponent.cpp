@@ -89,7 +89,6 @@ Ref<> SpriteComponent::dumpToDict(PyObject* level) const {
 }
 
 void declareSpriteComponent(Module& module) {
-    module.constant("BLENDMODE_BLEND", blendAlpha).constant("BLENDMODE_ADD", blendAdd);
     Class<SpriteComponent>("zelvarine.SpriteComponent",
             "A sprite can be used in an entity inside a level.\n"
             "It contains information about animations and directional frames\n\n"

@@ -8,7 +8,7 @@ namespace zv {
 enum Block : int {
     blockEmpty = 0,
     blockSquare = 1,
-    // Named after the solid half, as rays see it.
+    // Named after the solid half, as rays see it; the last two are the other way round in Python's constants.
     blockNorthWest = 2,
     blockNorthEast = 3,
     blockSouthWest = 4,
