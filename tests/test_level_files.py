@@ -98,7 +98,7 @@ def test_invalid_descriptions(pair, description, words):
 
 @pytest.mark.parametrize("width, height", [(-1, 1), (1, -1), (-3, -3), (2**31, 1), (10**30, 1), (2**31 - 1, 2**31 - 1)])
 def test_impossible_sizes(pair, width, height):
-    with pytest.raises(OverflowError, match="^can't convert negative value to size_t$" if width < 0 or height < 0 else ""):
+    with pytest.raises(OverflowError, match="^can.t convert negative value to size_t$" if width < 0 or height < 0 else None):
         pair.load(width=width, height=height)
     for width, height in ((0, 5), (5, 0), (17000, 17000)):
         with pytest.raises(IndexError):
