@@ -5,6 +5,7 @@ All of it is computed here and written to examples/assets/ (or the folder given 
 Needs numpy, and nothing else that Python does not bring along.
 """
 
+import functools
 import os
 import sys
 import zlib
@@ -38,13 +39,13 @@ def draw_sprite(name):
 
 
 def pictures():
-    """Path and pixels of each picture."""
+    """Path of each picture, and the function that draws it."""
     for name in place.TEXTURES:
-        yield texture_path(name), draw_texture(name)
+        yield texture_path(name), functools.partial(draw_texture, name)
     for name in place.SPRITES:
-        yield sprite_path(name), draw_sprite(name)
-    yield "sky.png", sky.dusk(seed("sky"))
-    yield "flashlight.png", sky.flashlight()
+        yield sprite_path(name), functools.partial(draw_sprite, name)
+    yield "sky.png", lambda: sky.dusk(seed("sky"))
+    yield "flashlight.png", sky.flashlight
 
 
 def recordings():
@@ -64,8 +65,8 @@ def level_files():
 def write_all(folder):
     for part in ("textures", "sprites", "sounds"):
         os.makedirs(os.path.join(folder, part), exist_ok=True)
-    for path, pixels in pictures():
-        png.save(os.path.join(folder, path), pixels)
+    for path, draw in pictures():
+        png.save(os.path.join(folder, path), draw())
     for path, samples in recordings():
         sounds.save(os.path.join(folder, path), samples)
     for path, data in level_files():

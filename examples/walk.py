@@ -8,15 +8,17 @@ of what there is to see, and tells how fast it went.
 import argparse
 import os
 import sys
-import tempfile
 
-HERE = os.path.dirname(os.path.abspath(__file__))
+from abbey import places
 
 KEYS = """
 keys:
   W A S D, arrows   walk, step aside, turn        Shift   run
   mouse             look around                   M       let the mouse go, or catch it
-  F                 flashlight                    Escape  quit
+  click             tell what is there            F       flashlight
+  F5, F9            save the game, load it        F11     fullscreen
+  F12               save a screenshot             Escape  quit
+A gamepad's sticks walk and turn, too.
 """
 
 
@@ -28,11 +30,18 @@ def main():
     if options.headless or options.silent:
         os.environ["SDL_AUDIODRIVER"] = "dummy"
     from abbey.game import Game
+    from zelvarine import LevelFormatException
 
-    game = Game(options.level, options.size)
+    save_file = options.save
+    if save_file is None:
+        # The scripted walk saves, too, and leaves your game alone.
+        save_file = os.path.join(options.pictures, "saved.lvl") if options.headless else places.saved_game()
+    try:
+        game = Game(options.level, options.size, save_file, options.pictures)
+    except (OSError, LookupError, TypeError, ValueError, LevelFormatException) as error:
+        sys.exit("cannot load %s: %s" % (options.level, error))
     if options.headless:
-        pictures = options.pictures or default_picture_folder()
-        game.show_around(pictures, options.frames).print_report()
+        game.show_around(options.frames).print_report()
     else:
         game.play(options.fps)
 
@@ -40,14 +49,16 @@ def main():
 def parse_options():
     parser = argparse.ArgumentParser(description=__doc__, epilog=KEYS,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--level", default=os.path.join(HERE, "assets", "walk.lvl"), help="level file to walk through")
+    parser.add_argument("--level", default=places.LEVEL, help="level file to walk through")
     parser.add_argument("--size", type=size, default=(640, 400), metavar="WxH", help="size of the picture (640x400)")
     parser.add_argument("--fps", type=positive, default=60, help="most frames in a second when you play (60)")
     parser.add_argument("--silent", action="store_true", help="run without an audio device")
     parser.add_argument("--headless", action="store_true", default=not has_display(),
                         help="take the scripted walk, without a window; the default where there is no display")
     parser.add_argument("--frames", type=positive, help="end the scripted walk after so many frames")
-    parser.add_argument("--pictures", metavar="FOLDER", help="where the scripted walk saves its pictures")
+    parser.add_argument("--pictures", metavar="FOLDER", default=places.picture_folder("walk-pictures"),
+                        help="where the scripted walk saves its pictures, and F12 its screenshots")
+    parser.add_argument("--save", metavar="FILE", help="where F5 saves the game, and F9 finds it")
     return parser.parse_args()
 
 
@@ -70,11 +81,6 @@ def has_display():
     if not sys.platform.startswith("linux"):
         return True
     return bool(os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY"))
-
-
-def default_picture_folder():
-    build = os.path.join(os.path.dirname(HERE), "build")
-    return os.path.join(build if os.path.isdir(build) else tempfile.gettempdir(), "walk-pictures")
 
 
 if __name__ == "__main__":

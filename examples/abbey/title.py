@@ -8,10 +8,12 @@ INTERVAL = 0.5  # seconds
 class TitleBar(AbstractSystem):
     """Shows the frames per second, over half a second each, and the gems found."""
 
-    def __init__(self, treasure):
+    def __init__(self):
         super().__init__()
-        self._treasure = treasure
         self._frames, self._time = 0, 0.0
+
+    def follow(self, world):
+        self._treasure = world.treasure
 
     def update(self, timeStep):
         self._frames += 1
