@@ -63,6 +63,7 @@ class Game:
     def save(self):
         self.world.level.syncEntitiesFromEcs(self.engine.ecs)
         try:
+            os.makedirs(os.path.dirname(os.path.abspath(self.save_file)), exist_ok=True)
             self.world.level.saveFile(self.save_file)
         except OSError as error:
             print("not saved: %s" % error)
