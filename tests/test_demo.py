@@ -74,7 +74,9 @@ def test_scripted_walk_goes_round_and_saves_pictures(tour):
     assert len(pictures) >= 12
     contents = {path.stem[3:]: pixels(path) for path in pictures}
     restored = contents.pop("back-at-the-gate")
-    assert sum(a != b for a, b in zip(restored, contents["gate"])) < 0.1 * len(restored)
+    # Fires flicker in the meantime.
+    differences = [abs(a - b) for pair in zip(restored, contents["gate"]) for a, b in zip(*pair)]
+    assert sum(differences) < 10 * len(differences)
     assert len(set(map(tuple, contents.values()))) == len(contents)
     assert all(len(content) == 160 * 100 and len(set(content)) > 500 for content in contents.values())
 
