@@ -125,9 +125,10 @@ template <class... A> Ref<> callFunction(PyObject* function, const A&... args) {
 // Calls a method through attribute lookup, so that an override in a script takes effect.
 template <class... A> Ref<> callByName(PyObject* self, Name& name, const A&... args) {
     RecursionGuard guard;
+    Ref<> held = Ref<>::borrow(self ? self : Py_None);  // the call may empty the field that `self` came from
     std::array<Ref<>, sizeof...(A) + 1> values{toPython(args)...};
     return [&]<size_t... I>(std::index_sequence<I...>) {
-        return Ref<>::steal(PyObject_CallMethodObjArgs(self ? self : Py_None, name.get(), values[I].raw()..., nullptr));
+        return Ref<>::steal(PyObject_CallMethodObjArgs(held.raw(), name.get(), values[I].raw()..., nullptr));
     }(std::make_index_sequence<sizeof...(A)>{});
 }
 

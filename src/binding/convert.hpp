@@ -175,6 +175,7 @@ template <class T> T fromArgument(PyObject* given, const Param& param) {
         if (given) return Convert<T>::from(given);
         return std::visit([](auto v) -> T {
             if constexpr (std::is_arithmetic_v<T> && std::is_arithmetic_v<decltype(v)>) return static_cast<T>(v);
+            else if constexpr (std::is_same_v<T, Ref<>> && std::is_arithmetic_v<decltype(v)>) return Ref<>::steal(Convert<decltype(v)>::to(v));
             else if constexpr (std::is_same_v<decltype(v), const char*> && std::is_convertible_v<const char*, T>) return v;
             else return T{};
         }, param.fallback);

@@ -9,6 +9,13 @@ inline Ref<> item(PyObject* d, const char* key) {
     return Ref<>::steal(PyObject_GetItem(d ? d : Py_None, toPython(std::string_view(key)).raw()));
 }
 
+// d[key][further key]...
+template <class... Keys> Ref<> item(PyObject* d, Name& key, Keys&... further) {
+    Ref<> value = Ref<>::steal(PyObject_GetItem(d ? d : Py_None, key.get()));
+    if constexpr (sizeof...(further) == 0) return value;
+    else return item(value.raw(), further...);
+}
+
 // key in d
 inline bool hasItem(PyObject* d, const char* key) { return contains(d, toPython(std::string_view(key)).raw()); }
 

@@ -147,6 +147,18 @@ struct Name {
     }
 };
 
+template <size_t N> struct Letters {
+    char text[N];
+    constexpr Letters(const char (&t)[N]) {
+        for (size_t i = 0; i < N; i++) text[i] = t[i];
+    }
+};
+// "update"_name: one Name per text, wherever it is written.
+template <Letters L> Name& operator""_name() {
+    static Name name{L.text};
+    return name;
+}
+
 // For operations that cannot pass an error on: it goes to the unraisable hook.
 // The result tells whether the body ran to its end.
 template <class F> bool unraisable(Name& where, F&& body) noexcept {

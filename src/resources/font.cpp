@@ -16,8 +16,10 @@ void Font::init(Ref<> newFilename, int newSize) {
         Ref<> reason = Ref<>::steal(PyBytes_FromString(SDL_GetError()));
         raise(PyExc_IOError, "Unable to load font file '%S': %R", newFilename.raw(), reason.raw());
     }
+    static int64_t openedFiles = 0;
     font = std::move(opened);
     size = newSize;
+    face = ++openedFiles;
 }
 
 TTF_Font* Font::openFont() const {
@@ -31,7 +33,7 @@ static std::tuple<int, int> sizeOf(TTF_Font* font, const char* text) {
     return {width, height};
 }
 
-static SDL_Color colorOf(PyObject* color) {
+SDL_Color textColor(PyObject* color) {
     Py_ssize_t count = lengthOf(color);
     if (count != 3 && count != 4) raise(PyExc_UnboundLocalError, "local variable 'r' referenced before assignment");
     std::vector<Ref<>> parts = unpack(color, static_cast<size_t>(count));
@@ -55,12 +57,13 @@ std::tuple<int, int> Font::getRenderedTextSize(PyObject* text) const {
 }
 
 Ref<Texture> Font::render(PyObject* text, PyObject* color) const {
-    SDL_Color textColor = colorOf(color);
-    return makeTexture(rendered(text, textColor));
+    SDL_Color channels = textColor(color);
+    return makeTexture(rendered(text, channels));
 }
 
-Ref<Texture> Font::renderLines(PyObject* lines, PyObject* color) const {
-    SDL_Color textColor = colorOf(color);
+Ref<Texture> Font::renderLines(PyObject* lines, PyObject* color) const { return renderPage(lines, textColor(color)); }
+
+Ref<Texture> Font::renderPage(PyObject* lines, SDL_Color color) const {
     std::vector<SurfaceHandle> surfaces;  // none for an empty line
     surfaces.reserve(static_cast<size_t>(lengthOf(lines)));
     int width = 0;
@@ -68,7 +71,7 @@ Ref<Texture> Font::renderLines(PyObject* lines, PyObject* color) const {
     Ref<> empty = toPython(std::string_view(""));
     forEach(lines, [&](PyObject* line) {
         bool isEmpty = checked(PyObject_RichCompareBool(line, empty.raw(), Py_EQ)) != 0;
-        SurfaceHandle surface = isEmpty ? nullptr : rendered(line, textColor);
+        SurfaceHandle surface = isEmpty ? nullptr : rendered(line, color);
         width = std::max(width, surface ? surface->w : 0);
         height += surface ? surface->h : size;
         surfaces.push_back(std::move(surface));

@@ -17,6 +17,10 @@ struct Font : Resource {
     Ref<Texture> render(PyObject* text, PyObject* color) const;
     Ref<Texture> renderLines(PyObject* lines, PyObject* color) const;
 
+    // The number of the file that is open, another one for each that was opened; 0 before.
+    int64_t face = 0;
+    Ref<Texture> renderPage(PyObject* lines, SDL_Color color) const;
+
 private:
     std::unique_ptr<TTF_Font, FontRelease> font;
     int size = 0;  // in points
@@ -24,6 +28,9 @@ private:
     TTF_Font* openFont() const;
     SurfaceHandle rendered(PyObject* text, SDL_Color color) const;
 };
+
+// The colour of text: 3 or 4 integers, (r, g, b) or (r, g, b, a).
+SDL_Color textColor(PyObject* color);
 
 void declareFont(Module&);
 

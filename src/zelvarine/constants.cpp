@@ -1,5 +1,9 @@
 #include "constants.hpp"
 
+#include "ui/anchoredcontainer.hpp"
+#include "ui/listcontainer.hpp"
+#include "ui/slider.hpp"
+
 #include <SDL_image.h>
 
 namespace zv {
@@ -33,29 +37,29 @@ static constexpr Constant constants[] = {
     {"BLOCK_TRIANGLE_SOUTH_WEST", 5},
 
     // Layout of widgets.
-    {"ALIGN_LEFT", 0},
-    {"ALIGN_RIGHT", 1},
-    {"ALIGN_CENTER", 2},
+    {"ALIGN_LEFT", ALIGN_LEFT},
+    {"ALIGN_RIGHT", ALIGN_RIGHT},
+    {"ALIGN_CENTER", ALIGN_CENTER},
 
-    {"VALIGN_TOP", 0},
-    {"VALIGN_BOTTOM", 1},
-    {"VALIGN_MIDDLE", 2},
+    {"VALIGN_TOP", VALIGN_TOP},
+    {"VALIGN_BOTTOM", VALIGN_BOTTOM},
+    {"VALIGN_MIDDLE", VALIGN_MIDDLE},
 
-    {"SIZE_AUTO", 0},
-    {"SIZE_FIXED", 1},
-    {"SIZE_GROW", 2},
+    {"SIZE_AUTO", SIZE_AUTO},
+    {"SIZE_FIXED", SIZE_FIXED},
+    {"SIZE_GROW", SIZE_GROW},
 
-    {"LIST_LAYOUT_HORIZONTAL", 0},
-    {"LIST_LAYOUT_VERTICAL", 1},
+    {"LIST_LAYOUT_HORIZONTAL", LIST_LAYOUT_HORIZONTAL},
+    {"LIST_LAYOUT_VERTICAL", LIST_LAYOUT_VERTICAL},
 
-    {"ANCHOR_LEFT", 0},
-    {"ANCHOR_RIGHT", 1},
-    {"ANCHOR_TOP", 2},
-    {"ANCHOR_BOTTOM", 3},
-    {"ANCHOR_CENTER", 4},
+    {"ANCHOR_LEFT", ANCHOR_LEFT},
+    {"ANCHOR_RIGHT", ANCHOR_RIGHT},
+    {"ANCHOR_TOP", ANCHOR_TOP},
+    {"ANCHOR_BOTTOM", ANCHOR_BOTTOM},
+    {"ANCHOR_CENTER", ANCHOR_CENTER},
 
-    {"SLIDER_ORIENTATION_HORIZONTAL", 0},
-    {"SLIDER_ORIENTATION_VERTICAL", 1},
+    {"SLIDER_ORIENTATION_HORIZONTAL", SLIDER_ORIENTATION_HORIZONTAL},
+    {"SLIDER_ORIENTATION_VERTICAL", SLIDER_ORIENTATION_VERTICAL},
 };
 
 void declareConstants(Module& module) {

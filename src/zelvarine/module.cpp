@@ -3,7 +3,7 @@
 #include "colorprint.hpp"
 #include "events/joystick.hpp"
 #include "geometryMath.hpp"
-#include "gui/uitheme.hpp"
+#include "gui/uirenderer.hpp"
 #include "keys.hpp"
 #include "raycaster/frame.hpp"
 #include "renderer.hpp"
@@ -13,6 +13,11 @@
 #include "resources/entity/spritecomponent.hpp"
 #include "resources/level.hpp"
 #include "resources/sound.hpp"
+#include "ui/anchoredcontainer.hpp"
+#include "ui/button.hpp"
+#include "ui/image.hpp"
+#include "ui/panel.hpp"
+#include "ui/scrollpanel.hpp"
 #include "zelvarine/constants.hpp"
 #include "zelvarine/engine.hpp"
 #include "zelvarine/exceptions.hpp"
@@ -70,6 +75,17 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareCollisionBodySystem(module);
         declareMovementSystem(module);
         declareUITheme(module);
+        declareUIRenderer(module);
+        declareUIWidget(module);
+        declareAbstractUIContainer(module);
+        declareUIListContainer(module);
+        declareUIAnchoredContainer(module);
+        declareUIText(module);
+        declareUIImage(module);
+        declareUIButton(module);
+        declareUIPanel(module);
+        declareUISlider(module);
+        declareUIScrollPanel(module);
         declareEngine(module);
 
         hookMusicFinished();  // before there is a device that could play

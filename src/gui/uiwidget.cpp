@@ -1,0 +1,165 @@
+#include "gui/uiwidget.hpp"
+
+#include "gui/uirenderer.hpp"
+#include "sdl/error.hpp"
+#include "ui/abstractcontainer.hpp"
+#include "ui/geometry.hpp"
+
+namespace zv {
+
+void UIWidget::setRenderer(const Ref<UIRenderer>& newRenderer) { renderer = newRenderer; }
+
+void UIWidget::setParent(Ref<AbstractUIContainer> newParent) {
+    if (newParent) setRenderer(newParent->renderer);
+    parent = std::move(newParent);
+}
+
+void UIWidget::calculateMinSize() {
+    if (sizePolicyX != SIZE_FIXED) width = 0;
+    if (sizePolicyY != SIZE_FIXED) height = 0;
+}
+
+void UIWidget::calculateMaxSize() {
+    int availableWidth, availableHeight;
+    if (parent) {
+        availableWidth = parent->innerWidth;
+        availableHeight = parent->innerHeight;
+    } else if (renderer) {
+        std::tie(availableWidth, availableHeight) = renderer->target->getSize();
+    } else {
+        return;
+    }
+    if (sizePolicyX == SIZE_GROW) width = toPixels(int64_t{availableWidth} - marginLeft - marginRight);
+    if (sizePolicyY == SIZE_GROW) height = toPixels(int64_t{availableHeight} - marginTop - marginBottom);
+}
+
+SDL_Rect UIWidget::getClippedRect(const Clip& clip) {
+    SDL_Rect result{0, 0, 0, 0};
+    unraisable("zelvarine.UIWidget._getClippedRect"_name, [&] {
+        int numbers[4], *number = numbers;
+        for (const Ref<>* given : {&clip.x, &clip.y, &clip.width, &clip.height}) {
+            *number = toPixels(Convert<int64_t>::from(given->orNone()));
+            if (*number++ < 0) {
+                result = rect();
+                return;
+            }
+        }
+        result = intersection({numbers[0], numbers[1], numbers[2], numbers[3]}, rect());
+    });
+    return result;
+}
+
+void assignEdges(const char* method, Rest values, int& top, int& right, int& bottom, int& left) {
+    Py_ssize_t n = values.size;
+    if (n < 1 || n > 4) raise(PyExc_ValueError, "%s takes either 1, 2, 3 or 4 values. %zd were given.", method, n);
+    auto value = [&](Py_ssize_t i) { return Convert<int>::from(values.items[i]); };
+    top = value(0);
+    right = value(n > 1 ? 1 : 0);
+    bottom = value(n > 2 ? 2 : 0);
+    left = value(n > 3 ? 3 : n > 1 ? 1 : 0);
+}
+
+void UIWidget::setMargin(Rest values) { assignEdges("setMargin", values, marginTop, marginRight, marginBottom, marginLeft); }
+
+bool UIWidget::hovered() { return Convert<bool>::from(getAttribute(self(), "isHovered"_name).raw()); }
+
+bool UIWidget::handleClick(MouseClickEvent* event) {
+    if (!isEnabled || !hovered()) return false;
+    Ref<> handler = getAttribute(self(), "onClick"_name);
+    if (handler.raw() != Py_None) callFunction(handler.raw(), event);
+    return true;
+}
+
+void UIWidget::requireRenderer() {
+    if (isVisible && !renderer) raiseEngine("Can not render a widget that is not attached to a UIRenderer object!");
+}
+
+void UIWidget::fireEvent(const Ref<>& event) const {
+    if (renderer && renderer->engine) callByName(renderer->engine.raw(), "fireEvent"_name, event);
+}
+
+void UIWidget::render(Ref<>, Ref<>, Ref<>, Ref<>) { requireRenderer(); }
+
+void UIWidget::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    isHovered = call<&UIWidget::isInside>(*this, mouseX, mouseY);
+    if (hovered() && isMouseLeftPressed && !isDragging) {
+        isDragging = true;
+        dragStartX = mouseX;
+        dragStartY = mouseY;
+        call<&UIWidget::onDragStart>(*this, mouseX, mouseY);
+    }
+    if (!isDragging) return;
+    if (isMouseLeftPressed) {
+        int diffX = toPixels(int64_t{mouseX} - dragStartX), diffY = toPixels(int64_t{mouseY} - dragStartY);
+        call<&UIWidget::onDrag>(*this, mouseX, mouseY, diffX, diffY);
+    } else {
+        isDragging = false;
+        call<&UIWidget::onDragEnd>(*this, mouseX, mouseY);
+    }
+}
+
+bool UIWidget::isInside(double mouseX, double mouseY) {
+    return call<&UIWidget::pointInRect>(*this, mouseX, mouseY, x, y, width, height);
+}
+
+bool UIWidget::pointInRect(double pointX, double pointY, double rectX, double rectY, double rectW, double rectH) {
+    return pointX > rectX && pointX < rectX + rectW && pointY > rectY && pointY < rectY + rectH;
+}
+
+void declareUIWidget(Module& module) {
+    Class<UIWidget>("zelvarine.UIWidget", "UIWidget is the abstract base class for every UI control.")
+        .init<&UIWidget::init>()
+        .method<&UIWidget::setParent>("_setParent", {{"parent"}},
+            "Called when the widget joins a container: it takes the container's renderer. With None it keeps the\n"
+            "renderer that it has.")
+        .method<&UIWidget::setMargin>("setMargin", {},
+            "Sets the margins in the order of the CSS shorthand: all; top and bottom, left and right; top, left\n"
+            "and right, bottom; or top, right, bottom, left. Raises ValueError for any other count of values.")
+        .method<&UIWidget::handleClick>("_onClick", {{"event"}},
+            "Called for every click on the user interface. An enabled widget under the mouse calls its `onClick`.\n"
+            "@return(bool) whether the widget took the click")
+        .method<&UIWidget::handleScroll>("_onScroll", {{"event"}},
+            "Called for every step of the mouse wheel.\n@return(bool) whether the widget took the event, here False")
+        .method<&UIWidget::getParent>("getParent", {}, "The container that this widget was added to, or None.")
+        .method<&UIWidget::getRenderer>("getRenderer", {}, "The renderer that this widget is attached to, or None.")
+        .method<&UIWidget::render>("render", clipParams,
+            "Renders the widget. It should be overwritten by deriving classes in order to draw the widget's\n"
+            "appearance on the render target. Call this base implementation first: it raises EngineException\n"
+            "for a visible widget that is not connected to a UIRenderer.\n"
+            "Nothing is to be drawn outside the clip rectangle; a negative value means that there is none.")
+        .method<&UIWidget::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
+            "Called once per frame, before `render`. It can be overwritten and can be used to update the\n"
+            "widget's state. This base implementation tracks the mouse: it sets `isHovered` and calls\n"
+            "`onDragStart`, `onDrag` and `onDragEnd`. The position is in pixels of the render target.")
+        .method<&UIWidget::onDragStart>("onDragStart", {{"mouseX"}, {"mouseY"}},
+            "Called when the left button is down over the widget and no drag is running; override it.")
+        .method<&UIWidget::onDrag>("onDrag", {{"mouseX"}, {"mouseY"}, {"diffX"}, {"diffY"}},
+            "Called in every frame of a drag, wherever the mouse is; override it. `diffX` and `diffY` tell how far\n"
+            "the mouse is from where the drag began.")
+        .method<&UIWidget::onDragEnd>("onDragEnd", {{"mouseX"}, {"mouseY"}},
+            "Called when the button is released at the end of a drag; override it.")
+        .method<&UIWidget::isInside>("isInside", {{"mouseX"}, {"mouseY"}},
+            "Returns true if the given coordinates are inside the widget. Its edges are outside.")
+        .method<&UIWidget::pointInRect>("_pointInRect", {{"pointX"}, {"pointY"}, {"rectX"}, {"rectY"}, {"rectW"}, {"rectH"}},
+            "Whether a point is inside a rectangle. The edges are outside.")
+        .property<&UIWidget::sizePolicyX>("sizePolicyX", "where the width comes from: SIZE_AUTO, SIZE_FIXED or SIZE_GROW")
+        .property<&UIWidget::sizePolicyY>("sizePolicyY", "where the height comes from: SIZE_AUTO, SIZE_FIXED or SIZE_GROW")
+        .property<&UIWidget::width>("width", "width in pixels; set anew in each frame unless sizePolicyX is SIZE_FIXED")
+        .property<&UIWidget::height>("height", "height in pixels; set anew in each frame unless sizePolicyY is SIZE_FIXED")
+        .property<&UIWidget::x>("_x", "left edge in the render target; a container sets it in each frame")
+        .property<&UIWidget::y>("_y", "top edge in the render target; a container sets it in each frame")
+        .property<&UIWidget::horizontalAlign>("horizontalAlign", "ALIGN_LEFT, ALIGN_RIGHT or ALIGN_CENTER, for a vertical list")
+        .property<&UIWidget::verticalAlign>("verticalAlign", "VALIGN_TOP, VALIGN_BOTTOM or VALIGN_MIDDLE, for a horizontal list")
+        .readonly<&UIWidget::isHovered>("isHovered", "whether the mouse was inside at the last update")
+        .property<&UIWidget::onClick>("onClick", "called with the event of a click on the widget; a callable or None")
+        .property<&UIWidget::marginLeft>("marginLeft", "room to the left in pixels")
+        .property<&UIWidget::marginTop>("marginTop", "room above in pixels")
+        .property<&UIWidget::marginRight>("marginRight", "room to the right in pixels")
+        .property<&UIWidget::marginBottom>("marginBottom", "room below in pixels")
+        .property<&UIWidget::isVisible>("isVisible", "an invisible widget draws nothing, but keeps its room and takes clicks")
+        .property<&UIWidget::isEnabled>("isEnabled", "a disabled widget takes no clicks")
+        .property<&UIWidget::userData>("userData", "any object; free for the script")
+        .addTo(module.raw());
+}
+
+}  // namespace zv

@@ -1,0 +1,82 @@
+// The base of all widgets: geometry, layout pass, hover and drag tracking, clicks.
+#pragma once
+#include "events.hpp"
+
+#include <SDL_rect.h>
+
+namespace zv {
+
+struct AbstractUIContainer;
+struct UIRenderer;
+
+enum SizePolicy : int { SIZE_AUTO, SIZE_FIXED, SIZE_GROW };
+enum HorizontalAlign : int { ALIGN_LEFT, ALIGN_RIGHT, ALIGN_CENTER };
+enum VerticalAlign : int { VALIGN_TOP, VALIGN_BOTTOM, VALIGN_MIDDLE };
+
+// The clip of a render call as the caller gave it; anything negative means none.
+struct Clip {
+    Ref<> x = toPython(-1), y = toPython(-1), width = toPython(-1), height = toPython(-1);
+
+    static Clip of(const SDL_Rect& r) { return {toPython(r.x), toPython(r.y), toPython(r.w), toPython(r.h)}; }
+};
+
+// How every render method declares its parameters.
+inline const std::vector<Param> clipParams{{"clipX", -1, "int"}, {"clipY", -1, "int"}, {"clipWidth", -1, "int"}, {"clipHeight", -1, "int"}};
+
+// All numbers are pixels of the render target, positions absolute there.
+struct UIWidget : Object {
+    Ref<AbstractUIContainer> parent;
+    Ref<UIRenderer> renderer;
+    int sizePolicyX = SIZE_AUTO, sizePolicyY = SIZE_AUTO;
+    int width = 0, height = 0;
+    int x = 0, y = 0;
+    int horizontalAlign = ALIGN_LEFT, verticalAlign = VALIGN_TOP;
+    bool isHovered = false;
+    Ref<> onClick;
+    int marginLeft = 0, marginTop = 0, marginRight = 0, marginBottom = 0;
+    bool isVisible = true, isEnabled = true;
+    bool isDragging = false;
+    int dragStartX = 0, dragStartY = 0;
+    Ref<> userData;
+
+    void eachRef(RefVisitor& visit) override { visit(parent); visit(renderer); visit(onClick); visit(userData); }
+
+    // The operations of the layout pass and of drawing that scripts cannot reach.
+    virtual void setRenderer(const Ref<UIRenderer>& newRenderer);
+    virtual void calculateMinSize();
+    virtual void calculateMaxSize();
+    virtual void calculatePos() {}
+    virtual SDL_Rect getClippedRect(const Clip& clip);
+
+    void init() {}
+    void setParent(Ref<AbstractUIContainer> newParent);
+    void setMargin(Rest values);
+    bool handleClick(MouseClickEvent* event);
+    bool handleScroll(MouseWheelEvent*) { return false; }
+    Ref<AbstractUIContainer> getParent() const { return parent; }
+    Ref<UIRenderer> getRenderer() const { return renderer; }
+    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    void update(int mouseX, int mouseY, bool isMouseLeftPressed);
+    void onDragStart(int, int) {}
+    void onDrag(int, int, int, int) {}
+    void onDragEnd(int, int) {}
+    bool isInside(double mouseX, double mouseY);
+    bool pointInRect(double pointX, double pointY, double rectX, double rectY, double rectW, double rectH);
+
+    SDL_Rect rect() const { return {x, y, width, height}; }
+    // The attribute as a script sees it; a subclass may have made it its own.
+    bool hovered();
+
+protected:
+    // Drawing needs a renderer; raises EngineException without one.
+    void requireRenderer();
+    // Lets the engine fire an event; without one nothing happens.
+    void fireEvent(const Ref<>& event) const;
+};
+
+// Spreads 1 to 4 values over the edges of a box, in the order of the CSS shorthand.
+void assignEdges(const char* method, Rest values, int& top, int& right, int& bottom, int& left);
+
+void declareUIWidget(Module&);
+
+}  // namespace zv

@@ -1,0 +1,33 @@
+// A push button with a text label.
+#pragma once
+#include "ui/listcontainer.hpp"
+#include "ui/text.hpp"
+
+namespace zv {
+
+struct UIButton : UIListContainer {
+    Ref<UIText> label;  // also the first child
+
+    void eachRef(RefVisitor& visit) override { UIListContainer::eachRef(visit); visit(label); }
+
+    void calculateMinSize() override;
+
+    void init(PyObject* text);
+    Ref<Str> getText() const;
+    void setText(PyObject* text);
+    Ref<> getTextByName() const;
+    void setTextByName(PyObject* text);
+    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    bool handleClick(MouseClickEvent* event);
+};
+
+struct ButtonClickEvent : MouseClickEvent {
+    Ref<UIButton> target;
+
+    void eachRef(RefVisitor& visit) override { MouseClickEvent::eachRef(visit); visit(target); }
+    void init(Ref<UIButton> newTarget, int newX, int newY, int newButton);
+};
+
+void declareUIButton(Module&);
+
+}  // namespace zv

@@ -1,0 +1,146 @@
+#include "ui/scrollpanel.hpp"
+
+#include "gui/uirenderer.hpp"
+#include "ui/pieces.hpp"
+
+namespace zv {
+
+void UIScrollPanel::init(Ref<UIWidget> newContent) {
+    setContent(std::move(newContent));
+    scrollPosX = 0;
+    sizePolicyX = sizePolicyY = SIZE_FIXED;
+    Ref<UISlider> newSlider = make<UISlider>();
+    newSlider->init(0, 0, 100, SLIDER_ORIENTATION_VERTICAL);
+    newSlider->setRenderer(renderer);
+    slider = std::move(newSlider);
+}
+
+Ref<> UIScrollPanel::getContent() const {
+    if (childCount() == 0) raise(PyExc_IndexError, "the scroll panel has no content");
+    return Ref<>::borrow(PyList_GET_ITEM(children.raw(), 0));
+}
+
+Ref<UIWidget> UIScrollPanel::content() const { return Ref<UIWidget>::to(Convert<UIWidget&>::from(getContent().raw())); }
+
+void UIScrollPanel::setContent(Ref<UIWidget> newContent) {
+    Ref<List> list = children;
+    Ref<> before = Ref<>::steal(PySequence_List(list.orNone()));
+    removeAllChildren();
+    try {
+        appendChild(newContent);
+    } catch (...) {
+        PyList_SetSlice(list.raw(), 0, PY_SSIZE_T_MAX, before.raw());
+        throw;
+    }
+}
+
+void UIScrollPanel::setScrollPosX(int position) { scrollPosX = std::clamp(position, 0, maxScrollX); }
+
+void UIScrollPanel::setScrollPosY(int position) {
+    if (Ref<UISlider> bar = slider) bar->setValue(position);
+}
+
+void UIScrollPanel::setRenderer(const Ref<UIRenderer>& newRenderer) {
+    AbstractUIContainer::setRenderer(newRenderer);
+    if (slider) slider->setRenderer(newRenderer);
+}
+
+// The size of the content does not enter that of the panel.
+void UIScrollPanel::calculateMinSize() {
+    AbstractUIContainer::calculateMinSize();
+    if (sizePolicyX != SIZE_FIXED) width = 50;
+    if (sizePolicyY != SIZE_FIXED) height = 50;
+    Ref<UISlider>(slider)->calculateMinSize();
+}
+
+void UIScrollPanel::calculateMaxSize() {
+    UIWidget::calculateMaxSize();
+    innerWidth = toPixels(int64_t{width} - paddingLeft - paddingRight - slider->width);
+    innerHeight = toPixels(int64_t{height} - paddingTop - paddingBottom);
+    RecursionGuard guard;
+    content()->calculateMaxSize();
+}
+
+void UIScrollPanel::calculatePos() {
+    Ref<UIWidget> held = content();
+    UIWidget& c = *held;
+    c.x = toPixels(int64_t{x} + c.marginLeft - scrollPosX + paddingLeft);
+    c.y = toPixels(int64_t{y} + c.marginTop - scrollPosY + paddingTop);
+    AbstractUIContainer::calculatePos();
+    maxScrollX = std::max(0, toPixels(int64_t{c.width} - width + paddingLeft + paddingRight));
+    maxScrollY = std::max(0, toPixels(int64_t{c.height} - height + paddingTop + paddingBottom));
+}
+
+void UIScrollPanel::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    AbstractUIContainer::update(mouseX, mouseY, isMouseLeftPressed);
+    Edges margin = edgesIn(item(renderer->pieces().raw(), "scrollPanel"_name, "sliderMargin"_name));
+    Ref<UISlider> held = slider;
+    UISlider& bar = *held;
+    bar.height = toPixels(int64_t{height} - margin.top - margin.bottom);
+    bar.x = toPixels(int64_t{x} + width - bar.width - margin.right);
+    bar.y = toPixels(int64_t{y} + margin.top);
+    bar.maxValue = maxScrollY;
+    bar.update(mouseX, mouseY, isMouseLeftPressed);
+    scrollPosY = bar.value;
+}
+
+void UIScrollPanel::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
+    if (!isVisible || !renderer) return;
+    SDL_Rect outer = getClippedRect({clipX, clipY, clipWidth, clipHeight});
+    Ref<UIRenderer> held = renderer;
+    Ref<> pieces = held->pieces();
+    SDL_Rect inner = shrunk(outer, edgesIn(item(pieces.raw(), "scrollPanel"_name, "clipPadding"_name)));
+    if (inner.w <= 0 || inner.h <= 0) return;
+    NinePatch background = ninePatchIn(item(pieces.raw(), "panel"_name));
+    blitNinePatch(held->tileset(), background, held->canvas(), rect());
+    renderChildren(Clip::of(inner));
+    Clip bar = Clip::of(outer);
+    Ref<UISlider>(slider)->render(bar.x, bar.y, bar.width, bar.height);
+}
+
+bool UIScrollPanel::handleClick(MouseClickEvent* event) {
+    return Ref<UISlider>(slider)->handleClick(event) || AbstractUIContainer::handleClick(event);
+}
+
+bool UIScrollPanel::handleScroll(MouseWheelEvent* event) {
+    if (AbstractUIContainer::handleScroll(event)) return true;
+    if (!event) raise(PyExc_AttributeError, "scrolling needs a MouseWheelEvent, not None");
+    if (!isEnabled || !hovered()) return false;
+    Ref<UISlider> held = slider;
+    UISlider& bar = *held;
+    int before = bar.value;
+    bar.setValue(toPixels(before - int64_t{event->y} * wheelScrollPixels));
+    return bar.value != before;
+}
+
+void declareUIScrollPanel(Module& module) {
+    Class<UIScrollPanel, AbstractUIContainer>("zelvarine.UIScrollPanel",
+            "A UIScrollPanel shows one content widget through a viewport of fixed size, `width` by `height`. A\n"
+            "scroll bar and the mouse wheel move the content up and down.")
+        .init<&UIScrollPanel::init>({{"content", Required{}, "UIWidget"}})
+        .property<&UIScrollPanel::getContent, &UIScrollPanel::setContent>("content", "the widget that is shown; assigning one replaces it")
+        .method<&UIScrollPanel::setPadding>("setPadding", {},
+            "Sets the padding in the order of the CSS shorthand: all; top and bottom, left and right; top, left\n"
+            "and right, bottom; or top, right, bottom, left. Raises ValueError for any other count of values.")
+        .method<&UIScrollPanel::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
+            "Updates the content and the scroll bar, and scrolls to where the bar is.")
+        .method<&UIScrollPanel::render>("render", clipParams, "Renders the content widget.")
+        .method<&UIScrollPanel::handleClick>("_onClick", {{"event"}},
+            "Offers a click to the scroll bar, then to the content.\n@return(bool) whether one of them took it")
+        .method<&UIScrollPanel::handleScroll>("_onScroll", {{"event"}},
+            "Offers a step of the mouse wheel to the content; if it does not take it, an enabled panel under the mouse\n"
+            "scrolls by `wheelScrollPixels`.\n@return(bool) whether the content took the step or the panel scrolled")
+        .property<&UIScrollPanel::getScrollPosX, &UIScrollPanel::setScrollPosX>("scrollPosX",
+            "how far the content is moved to the left, in pixels; clamped to what the content is wider than the panel")
+        .property<&UIScrollPanel::getScrollPosY, &UIScrollPanel::setScrollPosY>("scrollPosY",
+            "how far the content is moved up, in pixels; what is written moves the scroll bar, and shows after the next\n"
+            "update")
+        .property<&UIScrollPanel::paddingLeft>("paddingLeft", "room to the left of the content, in pixels")
+        .property<&UIScrollPanel::paddingTop>("paddingTop", "room above the content, in pixels")
+        .property<&UIScrollPanel::paddingRight>("paddingRight", "room to the right of the content, in pixels")
+        .property<&UIScrollPanel::paddingBottom>("paddingBottom", "room below the content, in pixels")
+        .property<&UIScrollPanel::wheelScrollPixels>("wheelScrollPixels", "pixels that one step of the mouse wheel scrolls")
+        .addTo(module.raw());
+}
+
+}  // namespace zv
