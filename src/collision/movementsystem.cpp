@@ -37,9 +37,10 @@ void MovementSystem::setEngine(Ref<Engine> newEngine) {
 
 // The bodies come and go with the system that needs them.
 void MovementSystem::setEcs(Ref<Ecs> newEcs) {
-    if (Ref<Ecs> old = ecs) call<&Ecs::removeSystem>(*old, bodies.orNone());
+    Ref<CollisionBodySystem> held = bodies;
+    if (Ref<Ecs> old = ecs; old && held) call<&Ecs::removeSystem>(*old, held.raw());
     AbstractSystem::setEcs(newEcs);
-    if (newEcs) call<&Ecs::addSystem>(*newEcs, bodies.orNone());
+    if (newEcs && held) call<&Ecs::addSystem>(*newEcs, held.raw());
 }
 
 // A kick decays in a straight line, whatever its size.
@@ -70,7 +71,9 @@ void MovementSystem::update(double timeStep) {
 const std::vector<MovementSystem::Body>& MovementSystem::currentBodies() {
     if (bodiesKnown) return knownBodies;
     std::vector<Body> current;
+    bodiesArePlain = true;
     forEach(Ref<List>(bodies->entities).raw(), [&](PyObject* entity) {
+        bodiesArePlain = bodiesArePlain && Py_TYPE(entity) == &typeOf<Entity>;
         current.push_back({Ref<>::borrow(entity), componentOf<PositionComponent>(entity), componentOf<CollisionComponent>(entity)});
     });
     knownBodies.swap(current);
@@ -85,14 +88,16 @@ void MovementSystem::updateEntity(PyObject* entity, double timeStep) {
     Vector2 &impulse = *velocity->impulse, &steady = *velocity->velocity;
     brake(impulse, timeStep * std::fabs(velocity->friction));
     Point movement = (steady.point() + impulse.point()) * timeStep;
-    if (collision) moveWithCollisionDetection(entity, *position, *collision, movement);
-    else call<&Vector2::add>(*Ref<Vector2>(position->pos), *makeVector(movement));
+    if (collision) return moveWithCollisionDetection(entity, *position, *collision, movement);
+    Ref<Vector2> pos = position->pos;
+    call<&Vector2::add>(*pos, *makeVector(movement));
+    if (Py_TYPE(entity) != &typeOf<Entity> || Py_TYPE(pos.raw()) != &typeOf<Vector2>) bodiesKnown = false;
 }
 
 void MovementSystem::moveWithCollisionDetection(PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement) {
     Point from = position.pos->point();
     Move move{from, movement, from + movement, collision.radius};
-    pushOutOfBodies(entity, move, collision);
+    pushOutOfBodies(entity, move, position, collision);
     pushOffWalls(entity, move, position, collision);
     position.pos->assign(move.target);
 }
@@ -106,8 +111,8 @@ static bool isIgnored(const Ref<List>& ignoreFlags, const Ref<List>& otherFlags)
     return found;
 }
 
-void MovementSystem::pushOutOfBodies(PyObject* entity, Move& move, CollisionComponent& collision) {
-    if (!updating) bodiesKnown = false;
+void MovementSystem::pushOutOfBodies(PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision) {
+    if (!updating || !bodiesArePlain) bodiesKnown = false;
     for (size_t i = 0; i < currentBodies().size(); i++) {
         const Body& known = knownBodies[i];
         if (known.collision.get() == &collision) continue;
@@ -116,8 +121,10 @@ void MovementSystem::pushOutOfBodies(PyObject* entity, Move& move, CollisionComp
         if (isIgnored(collision.ignoreFlags, other.collision->hasFlags)) continue;
         if (!other.collision->isOnlyTrigger) move.pushOutOf(other.position->pos->point(), other.collision->radius);
         fireCollision(entity, other.entity.raw());
+        move.from = position.pos->point();
+        move.radius = collision.radius;
     }
-    if (!updating) knownBodies.clear();
+    if (!updating) std::vector<Body>().swap(knownBodies);
 }
 
 // Eight rays look for walls from where the mover came. A push goes along its ray, so that what is parallel to
@@ -140,11 +147,13 @@ void MovementSystem::pushOffWalls(PyObject* entity, Move& move, PositionComponen
 
 void MovementSystem::fireCollision(PyObject* entity, PyObject* other) {
     static Name fireEvent{"fireEvent"};
-    if (!engine) return;
-    bodiesKnown = false;  // handlers may change anything
+    Ref<Engine> listening = engine;
+    if (!listening) return;
+    bodiesKnown = false;  // handlers may change anything, and move others before and after that
     Ref<CollisionEvent> event = make<CollisionEvent>();
     event->init(Convert<Ref<Entity>>::from(entity), other ? Convert<Ref<Entity>>::from(other) : Ref<Entity>());
-    callByName(engine.raw(), fireEvent, event);
+    callByName(listening.raw(), fireEvent, event);
+    bodiesKnown = false;
 }
 
 void declareMovementSystem(Module& module) {

@@ -30,17 +30,18 @@ protected:
 
 private:
     // A body with its components at hand. Every mover looks at every body, so they are fetched once for all
-    // movers, and anew as soon as a script may have changed something.
+    // movers, and anew as soon as a script may have changed something. Entities of a script's own class may
+    // answer differently to every mover.
     struct Body {
         Ref<> entity;
         Ref<PositionComponent> position;
         Ref<CollisionComponent> collision;
     };
     std::vector<Body> knownBodies;
-    bool updating = false, bodiesKnown = false;
+    bool updating = false, bodiesKnown = false, bodiesArePlain = true;
 
     const std::vector<Body>& currentBodies();
-    void pushOutOfBodies(PyObject* entity, Move& move, CollisionComponent& collision);
+    void pushOutOfBodies(PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision);
     void pushOffWalls(PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision);
     void fireCollision(PyObject* entity, PyObject* other);
 };
