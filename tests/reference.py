@@ -31,7 +31,7 @@ class Sprite:
     def __init__(self, pos, facing, sheet, x_frames, y_frames, frame_count, directions, oscillate,
                  speed, start_frame, shadeless, additive, z_offset, scale, percentage):
         self.pos, self.facing = pos, facing
-        self.sheet, self.x_frames = sheet, x_frames
+        self.sheet, self.x_frames, self.y_frames = sheet, x_frames, y_frames
         self.w, self.h = sheet.w // x_frames, sheet.h // y_frames
         self.frame_count, self.directions, self.start_frame = frame_count, directions, start_frame
         self.oscillate, self.shadeless, self.additive = oscillate, shadeless, additive

@@ -50,8 +50,7 @@ def level(plain, folder):
 def entity(sprite):
     animation = zelvarine.SpriteAnimation("walk", sprite.frame_count, sprite.oscillate, sprite.speed,
                                           sprite.start_frame, sprite.directions)
-    sheet = zelvarine.Sprite(texture(sprite.sheet), sprite.x_frames,
-                             sprite.sheet.h // sprite.h, [animation])
+    sheet = zelvarine.Sprite(texture(sprite.sheet), sprite.x_frames, sprite.y_frames, [animation])
     component = zelvarine.SpriteComponent(
         sheet, sprite.shadeless, sprite.z_offset, sprite.scale,
         zelvarine.BLENDMODE_ADD if sprite.additive else zelvarine.BLENDMODE_BLEND)
