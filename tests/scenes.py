@@ -106,10 +106,11 @@ def random_sprite(rng, level, additive):
     sheet = noise(rng, x_frames * rng.randint(1, 9), y_frames * rng.randint(1, 9) + 1)
     frames = x_frames * y_frames
     directions = rng.randint(1, frames)
+    oscillate = rng.random() < 0.5      # only these turn round when they get below 0
     return Sprite((rng.uniform(0, level.width), rng.uniform(0, level.height)),
                   rng.choice([(1.0, 0.0), (rng.gauss(0, 1), rng.gauss(0, 1))]), sheet,
                   x_frames, y_frames, rng.randint(1, frames // directions), directions,
-                  rng.random() < 0.5, rng.uniform(-3, 9), 0,
+                  oscillate, rng.uniform(-3 if oscillate else 0, 9), 0,
                   rng.random() < 0.25, additive, rng.choice([0.0, 0.4, -1.3]),
                   rng.choice([1.0, 0.5, 2.7]), rng.choice([0.0, 0.3, 0.99]))
 

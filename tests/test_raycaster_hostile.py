@@ -31,7 +31,7 @@ def survive(world):
                       world.renderer.getWorldPosByScreenCoords):
             try:
                 query(x, 30)
-            except (ArithmeticError, ValueError, IndexError):
+            except (ArithmeticError, AttributeError, TypeError, ValueError):
                 pass
 
 
