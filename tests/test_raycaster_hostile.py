@@ -89,6 +89,17 @@ def test_hostile_positions_and_members(tmp_path):
         survive(world)
 
 
+@reports
+@pytest.mark.parametrize("density", [MOST, -MOST - 1, -1, 0])
+def test_hostile_fog(density, tmp_path):
+    world = populated(tmp_path)
+    world.level.fogDensity = density
+    survive(world)
+    world.level.groundFogDensity = density
+    world.level.fogColor = (999, 0, 0)
+    survive(world)
+
+
 class Liar(zelvarine.Texture):
     answer = None
 

@@ -1,5 +1,6 @@
 """A plain scene built with the real module, and the comparison of both word for word."""
 
+import hashlib
 import json
 import os
 
@@ -105,6 +106,11 @@ class World:
                 component._dist, component._angleToCam,
                 component._animationPercentage, component._animationSpeed)
         return frame, columns
+
+
+def frame_hash(world):
+    """Hash of the words in the target, the same on every machine."""
+    return hashlib.sha256(numpy.asarray(world.target).astype("<u4").tobytes()).hexdigest()
 
 
 def assert_same_words(frame, words):
