@@ -44,8 +44,10 @@ class TestFiring:
             engine.subscribeEvent(OwnEvent, handler)
         engine.fireEvent(OwnEvent())
         engine.unsubscribeEvent(OwnEvent, first)
+        engine.unsubscribeEvent(OwnEvent, print)
+        engine.unsubscribeEvent(KeyEvent, first)
         engine.fireEvent(OwnEvent())
-        assert calls == [1, 2, 1, 2, 1]
+        assert calls == [1, 2, 1, 2, 1] and Engine._eventSubscribers == {OwnEvent: [second, first]}
 
     def testExactType(self):
         engine = Engine()
@@ -55,15 +57,6 @@ class TestFiring:
         engine.fireEvent(event, Event)
         engine.fireEvent(event, evtType=KeyEvent)
         assert base == own == [event]
-
-    def testUnsubscribe(self):
-        engine = Engine()
-        engine.unsubscribeEvent(OwnEvent, print)
-        assert Engine._eventSubscribers == {}
-        engine.subscribeEvent(OwnEvent, print)
-        engine.unsubscribeEvent(OwnEvent, len)
-        engine.unsubscribeEvent(OwnEvent, print)
-        assert Engine._eventSubscribers == {OwnEvent: []}
 
     def testTheListIsWalkedLive(self):
         engine, calls = Engine(), []
@@ -78,14 +71,6 @@ class TestFiring:
         engine.fireEvent(OwnEvent())
         assert calls == ["leaving", "late"]
 
-    def testExceptionsReachTheCaller(self):
-        engine = Engine()
-        engine.subscribeEvent(OwnEvent, lambda event: 1 / 0)
-        rest = record(engine, OwnEvent)
-        with pytest.raises(ZeroDivisionError):
-            engine.fireEvent(OwnEvent())
-        assert rest == []
-
     def testHandlerThatFiresForever(self):
         engine = Engine()
         engine.subscribeEvent(OwnEvent, engine.fireEvent)
@@ -99,13 +84,13 @@ class TestKeys:
         ([helpers.LEFT_ALT, helpers.LEFT_SHIFT], (False, True, True)),
     ])
     def testModifiers(self, engine, held, expected):
-        events = record(engine, KeyEvent)
+        events, others = record(engine, KeyEvent), record(engine, KeyEvent)
         with helpers.heldKeys(*held):
             helpers.pushKey(zelvarine.KEY_A)
             helpers.pushKey(zelvarine.KEY_A, repeat=True)
             helpers.pushKey(zelvarine.KEY_A, down=False)
             engine.update()
-        assert [e.key for e in events] == [zelvarine.KEY_A] * 2
+        assert [e.key for e in events] == [zelvarine.KEY_A] * 2 and events[0] is others[0]
         assert (events[0].isCtrlPressed, events[0].isAltPressed, events[0].isShiftPressed) == expected
 
     @pytest.mark.parametrize("kills", [True, False])
@@ -116,12 +101,6 @@ class TestKeys:
         helpers.pushKey(zelvarine.KEY_ESCAPE)
         engine.update()
         assert len(events) == 1 and engine.isRunning() is not kills
-
-    def testOneEventForAllHandlers(self, engine):
-        first, second = record(engine, KeyEvent), record(engine, KeyEvent)
-        helpers.pushKey(zelvarine.KEY_UP)
-        engine.update()
-        assert first[0] is second[0]
 
     def testHandlerThatRaises(self, engine):
         """Ends the input of this frame; the events behind it come in the next one."""
@@ -138,13 +117,7 @@ class TestKeys:
         assert len(clicks) == 1
 
     def testFiredThroughAnOverride(self):
-        fired = []
-
-        class Own(Engine):
-            def fireEvent(self, evt):
-                fired.append(type(evt))
-
-        own = Own()
+        own, fired = type("Own", (Engine,), {"fireEvent": lambda self, evt: fired.append(type(evt))})(), []
         own.init("t", (8, 8))
         helpers.pushKey(zelvarine.KEY_A)
         own.update()
@@ -202,9 +175,3 @@ class TestMouse:
         helpers.pushWheel(-1, 2)
         engine.update()
         assert [(e.x, e.y) for e in first + second] == [(-1, 2)] * 2 and first[0] is not second[0]
-
-    def testCapture(self, engine):
-        engine.captureMouse(1)
-        assert engine.isMouseCaptured() is bool(helpers.sdl.SDL_GetRelativeMouseMode())
-        engine.captureMouse(False)
-        assert engine.isMouseCaptured() is False

@@ -63,21 +63,11 @@ def testGoneBeforeTheEventIsSeen(engine, device, capsys):
     assert engine.joysticks == [] and capsys.readouterr().out == "Joystick removed\n"
 
 
-def testHandlerThatRaisesEndsTheInput(engine, device):
-    engine.subscribeEvent(JoystickAddedEvent, lambda event: 1 / 0)
-    with helpers.unraisableReports() as reports:
-        engine.update()
-    assert len(engine.joysticks) == 1 and "zelvarine.Engine._updateInput" in reports.getvalue()
-
-
 def testWithoutDevice():
     joystick = Joystick("pad", 2, 10)
     assert str(joystick) == "Joystick\n    name:    pad\n    axes:    2\n    buttons: 10\n"
     assert joystick.getAxis(0) == 0.0 and joystick.isButtonPressed(0) is False
-    bare = Joystick.__new__(Joystick)
-    assert (bare.name, bare.axes, bare.buttons, bare.getAxis(0)) == (None, 0, 0, 0.0) and "name:    None" in str(bare)
-    with pytest.raises(AttributeError):
-        joystick.name = "other"
+    assert "name:    None" in str(Joystick.__new__(Joystick))
 
 
 def testAfterQuit():
