@@ -30,7 +30,7 @@ static void advance(SpriteComponent& sprite, const SpriteAnimation& animation, d
 
 // The number of the frame in the sheet: views are centred on their directions by half a step.
 static int64_t frameNumber(const SpriteComponent& sprite, const SpriteAnimation& animation) {
-    int64_t step = truncate(sprite.animationPercentage * animation.frameCount);
+    int64_t step = std::max(truncate(sprite.animationPercentage * animation.frameCount), 0);
     int64_t base = step * sprite.currentDirections + sprite.currentMinFrame;
     int directions = animation.directions;
     return base + truncate(directions * (sprite.angleToCam + 1.0 / (2.0 * directions))) % directions;
