@@ -93,18 +93,18 @@ bool entersOpenHalf(int block, bool vertical, Point dir) {
 }  // namespace
 
 void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
-    int stepX = dir.x > 0 ? 1 : -1, stepY = dir.y > 0 ? 1 : -1;
-    int cellX = truncate(pos.x), cellY = truncate(pos.y);
-    int nextX = dir.x > 0 ? cellX + 1 : cellX, nextY = dir.y > 0 ? cellY + 1 : cellY;
+    Point given = dir;
     if (dir.x == 0) dir.x = 1e-14;
     if (dir.y == 0) dir.y = 1e-14;
-    hit.outOfBounds = 0;
     bool startsInside = pos.x >= 0 && pos.y >= 0 && pos.x < grid.width && pos.y < grid.height;
+    hit.outOfBounds = !startsInside;
     if (!startsInside) {
-        hit.outOfBounds = 1;
         hit.block = 0;
         return;
     }
+    int cellX = truncate(pos.x), cellY = truncate(pos.y);
+    int stepX = given.x > 0 ? 1 : -1, stepY = given.y > 0 ? 1 : -1;
+    int nextX = given.x > 0 ? cellX + 1 : cellX, nextY = given.y > 0 ? cellY + 1 : cellY;
     if (hitInOwnCell(grid, cellX, cellY, pos, dir, hit)) return;
 
     auto verticalCrossing = [&] { return Point{static_cast<double>(nextX), (nextX - pos.x) / dir.x * dir.y + pos.y}; };

@@ -1,0 +1,377 @@
+"""Movement with collisions, and rays against bodies."""
+import gc
+import hashlib
+import math
+import random
+import struct
+
+import pytest
+
+from reference import Level as Grid
+from reference import length, normalized, single, trace
+from zelvarine import (AbstractSystem, CollisionBodySystem, CollisionComponent, CollisionEvent, Ecs, Engine, Entity, Level,
+                       MovementSystem, PositionComponent, Vector2, VelocityComponent)
+
+NAN, INF = float("nan"), float("inf")
+TINY = 1e-14  # a ray along an axis has this much of the other
+S = 0.707107
+DIRECTIONS = [(0, -1), (1, 0), (0, 1), (-1, 0), (S, S), (-S, -S), (-S, S), (S, -S)]
+
+
+class World:
+    """A movement system in a walled room of 30 by 30 cells; `events` tells who ran into what."""
+
+    def __init__(self, cls=MovementSystem):
+        self.engine, self.level, self.events = Engine(), Level(), []
+        self.system = cls(self.level)
+        self.engine.ecs.addSystem(self.system)
+        self.engine.subscribeEvent(CollisionEvent, lambda event: self.events.append((event.entity1, event.entity2)))
+
+    def add(self, x, y, velocity=None, radius=None, impulse=(0, 0), friction=2.0, cls=Entity, **collision):
+        entity = cls(-1, PositionComponent(Vector2(x, y)))
+        if velocity is not None:
+            entity.addComponent(VelocityComponent(Vector2(*velocity), Vector2(*impulse), friction))
+        if radius is not None:
+            entity.addComponent(CollisionComponent(radius, **collision))
+        self.engine.ecs.addEntity(entity)
+        return entity
+
+    def step(self, timeStep=1.0):
+        """One update; returns its events."""
+        del self.events[:]
+        self.engine.ecs.update(timeStep)
+        return list(self.events)
+
+    def react(self, *actions):
+        """Lets each of the next events run one action."""
+        left = list(actions)
+        self.engine.subscribeEvent(CollisionEvent, lambda event: left.pop(0)() if left else None)
+
+
+@pytest.fixture
+def world():
+    return World()
+
+
+def at(entity):
+    pos = entity.getComponent(PositionComponent).pos
+    return pos.x, pos.y
+
+
+# ---- the rules once more, on plain numbers
+
+class Body:
+    def __init__(self, rng):
+        self.pos = rng.uniform(1, 29), rng.uniform(1, 29)
+        self.velocity = (rng.uniform(-1, 1), rng.uniform(-1, 1)) if rng.random() < 0.8 else None
+        self.impulse = (rng.uniform(-2, 2), rng.uniform(-2, 2)) if rng.random() < 0.5 else (0.0, 0.0)
+        self.friction = rng.uniform(-3, 3)
+        self.radius = rng.uniform(0.1, 1.2) if rng.random() < 0.9 else None
+        self.collision = dict(isOnlyTrigger=rng.random() < 0.2)
+        for flags in ("hasFlags", "ignoreFlags"):
+            self.collision[flags] = [flag for flag in "abc" if rng.random() < 0.2]
+
+
+def braked(impulse, loss):
+    speed = length(*impulse)
+    if speed <= 0.0001:
+        return 0.0, 0.0
+    brake = impulse[0] / speed * loss, impulse[1] / speed * loss
+    return (0.0, 0.0) if length(*brake) > speed else (impulse[0] - brake[0], impulse[1] - brake[1])
+
+
+def move(grid, body, bodies, timeStep):
+    """One step of one body; returns what it runs into, None for walls."""
+    body.impulse = braked(body.impulse, timeStep * abs(body.friction))
+    movement = [(v + i) * timeStep for v, i in zip(body.velocity, body.impulse)]
+    target = [p + m for p, m in zip(body.pos, movement)]
+    found = []
+    for other in bodies if body.radius is not None else ():
+        if other is body or set(body.collision["ignoreFlags"]) & set(other.collision["hasFlags"]):
+            continue
+        diff = other.pos[0] - target[0], other.pos[1] - target[1]
+        gap = length(*diff) - (other.radius + body.radius)
+        if gap < 0:
+            found.append(other)
+            if not other.collision["isOnlyTrigger"]:
+                target = [p + (m + d * gap) for p, m, d in zip(body.pos, movement, normalized(diff))]
+    for direction in DIRECTIONS if body.radius is not None else ():
+        hit, ray = trace(grid, body.pos, direction)
+        if hit is not None and hit.dist < body.radius:
+            found.append(None)
+            depth = body.radius - length(hit.pos[0] - body.pos[0], hit.pos[1] - body.pos[1])
+            target = [t + -r * depth for t, r in zip(target, ray)]
+    body.pos = tuple(target)
+    return found
+
+
+# The digest of all positions of the first run. Should the rules change, the failing test tells the new one.
+GOLDEN = "09136c470baac923da731b0bbc2f5841e4702df961552927465041858948f112"
+
+
+class Overridden(MovementSystem):
+    def _updateEntity(self, entity, timeStep):
+        MovementSystem._updateEntity(self, entity, timeStep * 2)
+
+
+@pytest.mark.parametrize("cls, seed", [(MovementSystem, 0), (Overridden, 1), (MovementSystem, 2)])
+def test_a_crowd_moves_as_the_rules_say(cls, seed):
+    world, rng = World(cls), random.Random(seed)
+    for x in range(30):
+        for y in range(30):
+            if rng.random() < 0.15:
+                world.level.setBlock(int(rng.random() * 6), x, y)  # the walls around get holes, too
+    cells = bytes(world.level.getTextureIndex(part, x, y) for y in range(30) for x in range(30) for part in range(7))
+    grid = Grid(30, 30, cells, *[None] * 6)
+    crowd = [Body(rng) for _ in range(50)]
+    bodies = [body for body in crowd if body.radius is not None]
+    entities = {body: world.add(*body.pos, velocity=body.velocity, impulse=body.impulse, friction=body.friction,
+                                radius=body.radius, **body.collision) for body in crowd}
+    entities[None] = None
+    digest = hashlib.sha256()
+    for _ in range(40):
+        timeStep = rng.uniform(0.01, 0.3)
+        expected = [(entities[body], entities[found]) for body in crowd if body.velocity
+                    for found in move(grid, body, bodies, timeStep)]
+        assert world.step(timeStep / 2 if cls is Overridden else timeStep) == expected
+        for body in crowd:
+            assert at(entities[body]) == body.pos
+            if body.velocity:
+                impulse = entities[body].getComponent(VelocityComponent).impulse
+                assert (impulse.x, impulse.y) == body.impulse
+            digest.update(struct.pack("<2d", *body.pos))
+    assert seed != 0 or digest.hexdigest() == GOLDEN
+
+
+# ---- worked examples
+
+@pytest.mark.parametrize("impulse, friction, left, moved", [
+    ((1, 0), 2.0, 0.5, 0.125), ((1, 0), -2.0, 0.5, 0.125), ((0.0001, 0), 0.0, 0.0, 0.0), ((0.4, 0), 2.0, 0.0, 0.0),
+    ((1, 0), 0.0, 1.0, 0.25), ((NAN, 0), 2.0, 0.0, 0.0)])
+def test_impulses_decay_before_they_move(world, impulse, friction, left, moved):
+    entity = world.add(4, 5, velocity=(2, 1), impulse=impulse, friction=friction)
+    velocity = entity.getComponent(VelocityComponent)
+    held = velocity.impulse
+    assert world.step(0.25) == []
+    assert at(entity) == (4.5 + moved, 5.25)
+    assert (held.x, held.y) == (left, 0.0) and velocity.impulse is held
+    assert (velocity.velocity.x, velocity.velocity.y) == (2.0, 1.0)
+
+
+def test_a_push_goes_against_the_ray_not_along_the_normal(world):
+    entity = world.add(28.7, 5.5, velocity=(0.1, 0.2), radius=0.4)
+    near = world.add(28.7, 9.5, velocity=(0, 0.25), radius=0.5)
+    depth, slanted = 0.4 - (29 - 28.7), S * (0.5 - 0.3 * math.sqrt(2))
+    assert world.step() == [(entity, None)] + [(near, None)] * 3  # nearer than 0.7 of the radius, diagonal rays push, too
+    assert at(entity) == (28.7 + 0.1 - depth, 5.5 + 0.2 - TINY * depth)
+    assert at(near) == pytest.approx((28.7 - 0.2 - 2 * slanted, 9.75))
+
+
+@pytest.mark.parametrize("block, pushed", [(2, (1, 1)), (3, (-1, 1)), (4, (1, -1)), (5, (-1, -1))])
+def test_the_slope_of_a_triangle_pushes_into_its_open_half(world, block, pushed):
+    world.level.setBlock(block, 10, 10)
+    x, y = 10.5 + 0.1 * pushed[0], 10.5 + 0.1 * pushed[1]
+    entity = world.add(x, y, velocity=(0, 0), radius=0.18)
+    assert world.step() == [(entity, None)]
+    push = S * (0.18 - 0.1 * math.sqrt(2))
+    assert at(entity) == pytest.approx((x + pushed[0] * push, y + pushed[1] * push))
+
+
+@pytest.mark.parametrize("x, radius, expected", [(3.5, 1.0, 3.0), (3.0, 1.0, 3.0), (5.0, 1.0, 5.0), (5.5, 0.25, 6.25)],
+                         ids=["overlap", "touch", "no direction", "beyond the centre"])
+def test_overlapping_bodies(world, x, radius, expected):
+    other = world.add(5, 5, radius=1.0, ignoreFlags=["mover"])  # only the mover's own list counts
+    mover = world.add(x - 0.5, 5, velocity=(0.5, 0), radius=radius, hasFlags=["mover"])
+    assert world.step() == ([] if x == 3.0 else [(mover, other)])
+    assert (at(mover), at(other)) == ((expected, 5), (5, 5))
+
+
+def test_triggers_and_ignored_flags_let_pass(world):
+    trigger, ghost = world.add(5, 5, radius=1, isOnlyTrigger=True), world.add(5, 5.5, radius=1, hasFlags=["x", "ghost"])
+    mover = world.add(4.5, 5, velocity=(0.25, 0), radius=0.5, ignoreFlags=["y", "ghost"])
+    bodiless = world.add(4.5, 5, velocity=(0.25, 0))
+    assert world.step() == world.step() == [(mover, trigger)]
+    assert at(mover) == at(bodiless) == (5.0, 5.0)
+    mover.getComponent(CollisionComponent).ignoreFlags = None
+    assert world.step() == [(mover, trigger), (mover, ghost)]
+
+
+# ---- scripts in the middle of a step
+
+def test_handlers_change_bodies(world):
+    first, second = [world.add(5, 5, radius=0.5, isOnlyTrigger=True) for _ in range(2)]
+    mover, last = world.add(5, 5, velocity=(0, 0), radius=0.5), world.add(5.25, 5, radius=0.5)
+    other = world.add(20, 20, velocity=(1, 0), radius=0.5)
+
+    def change():
+        world.engine.ecs.removeEntity(second)
+        world.system._updateEntity(other, 1.0)  # has looked at the bodies when the next lines change them
+        last._components[CollisionComponent] = CollisionComponent(1.0)
+        mover.getComponent(PositionComponent).x, mover.getComponent(CollisionComponent).radius = 4.5, 0.25
+
+    world.react(change)
+    assert world.step() == [(mover, first), (mover, last)]
+    assert (at(mover), at(other)) == ((3.5, 5), (22, 20))  # from where it is now, 1 away from the body as it is now
+    first.getComponent(PositionComponent).pos = None
+    with pytest.raises(AttributeError):
+        world.step()
+
+
+@pytest.mark.parametrize("name, value", [("_level", None), ("_level", Level.__new__(Level)), ("_engine", None)])
+def test_handlers_change_the_system(world, name, value):
+    mover = world.add(1.25, 1.25, velocity=(0, 0), radius=0.5)
+    world.react(lambda: None, lambda: setattr(world.system, name, value))
+    assert world.step() == [(mover, None)] * 2  # of five rays that meet walls
+    bystander = world.add(*at(mover), radius=0.1)
+    world.system._engine = world.engine
+    world.react(lambda: setattr(world.system, "_cbs", None))
+    with pytest.raises(AttributeError):
+        world.step()
+    assert world.events == [(mover, bystander)]
+
+
+def test_an_engine_may_go_while_it_reports():
+    class Fleeting(Engine):
+        def fireEvent(self, event, eventType=None):
+            system._engine = None
+            gc.collect()
+            seen.append((event.entity1, event.entity2, self.isRunning()))
+
+    system, seen = MovementSystem(Level()), []
+    mover = Entity(-1, PositionComponent(Vector2(1.3, 5.5)), VelocityComponent(), CollisionComponent(0.4))
+    system._engine = Fleeting()
+    system._updateEntity(mover, 1)
+    assert seen == [(mover, None, False)]
+
+
+def test_own_entities_and_vectors_answer_anew_to_every_mover(world):
+    class Swelling(Entity):
+        size = 0
+
+        def getComponent(self, componentType):
+            if componentType is not CollisionComponent:
+                return Entity.getComponent(self, componentType)
+            self.size += 1
+            return CollisionComponent(self.size)
+
+    class Replacing(Vector2):
+        def add(self, other):
+            plain.removeComponentType(CollisionComponent)
+            plain.addComponent(CollisionComponent(other.x))
+
+    plain = world.add(10, 10, radius=1)
+    first = world.add(10, 12, velocity=(0, 0), radius=0.5)
+    replacing = world.add(0, 0, velocity=(2, 1))
+    replacing.getComponent(PositionComponent).pos = Replacing(0, 0)
+    second = world.add(10, 8, velocity=(0, 0), radius=0.5)
+    assert world.step() == [(second, plain)]
+    swelling = world.add(20, 20, radius=1, cls=Swelling)
+    for place, mover in ((18, first), (22, second)):
+        mover.getComponent(PositionComponent).pos = Vector2(20, place)
+    assert world.step() == [(second, swelling)]
+
+
+def test_the_bodies_come_along():
+    told = []
+
+    class Registry(Ecs):
+        def addSystem(self, system):
+            told.append(("add", system))
+            Ecs.addSystem(self, system)
+
+        def removeSystem(self, system):
+            told.append(("remove", system))
+            Ecs.removeSystem(self, system)
+
+    engine, registry, system = Engine(), Registry(None), MovementSystem(None)
+    bodies = system._cbs
+    engine.ecs.addSystem(system)
+    assert engine.ecs.getSystems() == [system, bodies] and bodies.getEcs() is engine.ecs and bodies.getEngine() is engine
+    registry.addSystem(system)
+    assert engine.ecs.getSystems() == [system] and registry.getSystems() == [system, bodies]
+    registry.removeSystem(system)
+    assert (registry.getSystems(), system.getEcs(), bodies.getEcs(), bodies.getEngine()) == ([], None, None, None)
+    assert told == [("add", system), ("add", bodies), ("remove", system), ("remove", bodies)]
+    system._cbs = None
+    registry.addSystem(system)
+    assert registry.getSystems() == [system] and system.collisionBodySystem is None
+
+
+# ---- rays against bodies
+
+def meeting(center, radius, start, end):
+    """Where the ray from `start` through `end` first meets the circle, in single precision where the rules say so."""
+    dx, dy = single(end[0] - start[0]), single(end[1] - start[1])
+    x, y = start[0] - center[0], start[1] - center[1]
+    a, b = single(single(dx * dx) + single(dy * dy)), single(2 * (dx * x + dy * y))
+    det = single(single(b * b) - 4.0 * a * single(x * x + y * y - single(radius * radius)))
+    if a <= 1e-7 or det < 0:
+        return None
+    t1, t2 = single((-b + math.sqrt(det)) / (2 * a)), single((-b - math.sqrt(det)) / (2 * a))
+    t = t1 if t2 < 0 else t2
+    return (start[0] + single(dx * t), start[1] + single(dy * t)) if t > 0 else None
+
+
+@pytest.mark.parametrize("seed", range(3))
+def test_rays_meet_bodies_as_the_rules_say(world, seed):
+    rng = random.Random(seed)
+    bodies = [((rng.uniform(-9, 40), rng.uniform(-9, 40)), rng.uniform(0, 3)) for _ in range(60)]
+    entities = [world.add(*center, radius=radius) for center, radius in bodies]
+    for _ in range(80):
+        start, direction = (rng.uniform(0, 30), rng.uniform(0, 30)), (rng.uniform(-1, 1), rng.uniform(-1, 1))
+        reach, unit, expected = rng.uniform(0, 40), normalized(direction), []
+        limit = single(reach)
+        for entity, (center, radius) in zip(entities, bodies):
+            hit = meeting(center, single(radius), start, (start[0] + unit[0] * limit, start[1] + unit[1] * limit))
+            dist = hit and length(hit[0] - start[0], hit[1] - start[1])
+            if hit and 0 < dist < limit:
+                expected.append((entity, dist))
+        ray = Vector2(*direction)
+        found = world.system.collisionBodySystem.traceEntities(Vector2(*start), ray, reach)
+        assert found == sorted(expected, key=lambda pair: pair[1]) and (ray.x, ray.y) == unit
+
+
+@pytest.mark.parametrize("center, radius, reach, dist", [
+    ((5, 0), 1, 10, 4), ((5, 0), 1, 4, None), ((-5, 0), 1, 10, None), ((0.5, 0), 1, 10, 1.5), ((5, 1), 1, 10, 5),
+    ((-5, 1), 1, 10, None), ((5, 0), 0, 10, 5), ((5, 0), 1, 0, None), ((5, 0), 1, -10, None), ((NAN, 0), 1, 10, None),
+    ((5, 0), INF, 10, None), ((5, 0), 1, NAN, None), ((5, 0), 1, INF, None), ((5, 0), 1, 1e300, None)])
+def test_a_ray_along_the_axis(world, center, radius, reach, dist):
+    pair = [world.add(*center, radius=radius) for _ in range(2)]
+    found = world.system._cbs.traceEntities(Vector2(0, 0), Vector2(5, 0), maxDist=reach)
+    assert found == ([] if dist is None else [(entity, dist) for entity in pair])
+    assert world.system._cbs.traceEntities(Vector2(0, 0), Vector2(0, 0), 10) == []
+
+
+# ---- wild values
+
+@pytest.mark.parametrize("value", [NAN, INF, -INF, 1e308, -1e308, 2.0 ** 31, 30.0, -0.5, 0.0, -0.0, 5e-324])
+def test_wild_numbers_end_in_peace(world, value):
+    world.add(value, 5, velocity=(1, 1), radius=0.5)
+    world.add(5, 5, velocity=(value, -1), radius=1)
+    world.add(1.2, 1.2, velocity=(0, 0), radius=value, impulse=(value, 1), friction=value)
+    calm = world.add(20, 20, velocity=(1, 0))
+    for timeStep in (0.5, 0.5, value, 0.5):
+        world.step(timeStep)
+    assert at(calm) == pytest.approx((21.5 + value, 20.0 + 0 * value), nan_ok=True)
+    world.system._cbs.traceEntities(Vector2(value, 5), Vector2(1, value), value)
+
+
+def test_what_is_missing_raises_or_does_not_matter(world):
+    mover, blank = world.add(1.2, 5, velocity=(1, 0), radius=0.25), MovementSystem.__new__(MovementSystem)
+    for system in (blank, CollisionBodySystem.__new__(CollisionBodySystem)):
+        system.update(1.0)
+        Ecs(None).addSystem(system)
+    MovementSystem(None)._updateEntity(mover, 1)
+    assert at(mover) == (2.2, 5)
+    lacking = Entity(-1, PositionComponent(), VelocityComponent.__new__(VelocityComponent))
+    for system, entity in ((blank, mover), *((world.system, e) for e in (Entity(), lacking, None, 5))):
+        with pytest.raises(AttributeError):
+            system._updateEntity(entity, 1)
+    vector, trace = Vector2(1, 0), world.system._cbs.traceEntities
+    for wrong in (lambda: setattr(world.system, "_level", 5), lambda: setattr(world.system, "_cbs", AbstractSystem()),
+                  lambda: trace(None, vector, 1), lambda: trace(vector, None, 1), lambda: trace(vector, vector, "1")):
+        with pytest.raises(TypeError):
+            wrong()
+    world.system._cbs._entities.append("no entity")
+    with pytest.raises(AttributeError):
+        world.step()
