@@ -72,11 +72,15 @@ def heldKeys(*scancodes):
 def unraisableReports():
     """A file that holds what is reported of exceptions which could not be passed on."""
     hook, stderr = getattr(sys, "unraisablehook", None), sys.stderr
-    sys.unraisablehook, sys.stderr = getattr(sys, "__unraisablehook__", None), io.StringIO()
+    sys.stderr = io.StringIO()
+    if hook:  # pytest's own; Python 3.7 has none
+        sys.unraisablehook = sys.__unraisablehook__
     try:
         yield sys.stderr
     finally:
-        sys.unraisablehook, sys.stderr = hook, stderr
+        sys.stderr = stderr
+        if hook:
+            sys.unraisablehook = hook
 
 
 class VirtualJoystick:

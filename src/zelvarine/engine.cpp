@@ -127,7 +127,8 @@ void declareEngine(Module& module) {
             "An engine that has a window already gets a new one in its place. If no window or renderer can be\n"
             "created, EngineSdlException is raised, and the engine has no window and does not run.")
         .method<&Engine::ensureInit>("_ensureInit", {}, "Raises EngineException unless the engine is running.")
-        .method<&Engine::isRunning>("isRunning", {}, "Whether the engine runs: from `init` until the user stops it, or until `quit`.")
+        .method<&Engine::isRunning>("isRunning", {},
+            "Whether the engine runs: from `init` until the user stops it, or until `quit`.")
         .method<&Engine::update>("update", {},
             "Plays one frame: input, tasks, the systems, and the picture on the screen.\n\n"
             "Only to be called explicitly with a custom main loop; `run` calls it implicitly. Raises\n"
@@ -143,20 +144,25 @@ void declareEngine(Module& module) {
             "window. `init` starts video and joysticks anew, where SDL can do so, but no sound.")
         .method<&Engine::getFps>("getFps", {}, "Frames per second, according to the length of the last frame alone.")
         .method<&Engine::getTimeStep>("getTimeStep", {}, "Length of the last frame in seconds.")
-        .method<&Engine::subscribeEvent>("subscribeEvent", {{"eventType", Required{}, "type"}, {"eventHandler", Required{}, "callable"}},
+        .method<&Engine::subscribeEvent>("subscribeEvent",
+            {{"eventType", Required{}, "type"}, {"eventHandler", Required{}, "callable"}},
             "Lets `eventHandler(event)` be called for events of exactly that type, after the handlers subscribed\n"
             "before. What is subscribed twice is called twice.")
-        .method<&Engine::unsubscribeEvent>("unsubscribeEvent", {{"eventType", Required{}, "type"}, {"eventHandler", Required{}, "callable"}},
+        .method<&Engine::unsubscribeEvent>("unsubscribeEvent",
+            {{"eventType", Required{}, "type"}, {"eventHandler", Required{}, "callable"}},
             "Takes back one subscription; nothing happens if there is none.")
         .method<&Engine::fireEvent>("fireEvent", {{"evt"}, {"evtType", None{}, "type or None"}},
             "Calls the handlers of the type `evtType`, by default the exact type of the event, in the order of\n"
             "their subscription. An exception from a handler leaves at once.")
         .method<&Engine::getKeyName>("getKeyName", {{"keycode"}}, "The name of a key; empty for a key without one.")
-        .method<&Engine::isKeyPressed>("isKeyPressed", {{"keycode"}}, "1 if the key, one of the KEY_* constants, is held down, else 0.")
+        .method<&Engine::isKeyPressed>("isKeyPressed", {{"keycode"}},
+            "1 if the key, one of the KEY_* constants, is held down, else 0.")
         .method<&Engine::isMouseButtonPressed>("isMouseButtonPressed", {{"button"}},
             "Whether the button, one of the MOUSE_* constants, is held down.")
-        .method<&Engine::getMouseDist>("getMouseDist", {}, "How far the last motion of the mouse in this frame went, in pixels of the window.")
-        .method<&Engine::getMousePos>("getMousePos", {}, "The position of the mouse in pixels of the picture, whatever the size of the window.")
+        .method<&Engine::getMouseDist>("getMouseDist", {},
+            "How far the last motion of the mouse in this frame went, in pixels of the window.")
+        .method<&Engine::getMousePos>("getMousePos", {},
+            "The position of the mouse in pixels of the picture, whatever the size of the window.")
         .method<&Engine::captureMouse>("captureMouse", {{"capture"}},
             "Hides the mouse and keeps it in the window, for looking around by `getMouseDist`, or sets it free.")
         .method<&Engine::isMouseCaptured>("isMouseCaptured", {}, "Whether the mouse is captured.")

@@ -15,8 +15,8 @@ struct Engine : Object {
 
     // Lifecycle and frame
     void construct() {}
-    void init(const char* title, std::tuple<int, int> size, bool fullscreen, bool show, bool resizeable, PyObject* windowid,
-              PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey);
+    void init(const char* title, std::tuple<int, int> size, bool fullscreen, bool show, bool resizeable,
+              PyObject* windowid, PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey);
     void ensureInit() const;
     bool isRunning() const { return running; }
     void update();
@@ -76,16 +76,19 @@ private:
     void upload(const Image&);
     void present();
 
+    // Events and input
     Ref<> handlersOf(PyObject* eventType) const;
     void fire(PyObject* event);
     void handleKey(int key);
     void handleClick(const SDL_MouseButtonEvent&);
     void handleWheel(const SDL_MouseWheelEvent&);
     void handleJoystickAdded();
-    std::tuple<double, double> getDisplayScaleFactor() const;
+    std::tuple<double, double> getDisplayScaleFactor() const;  // from the window to the picture
 
+    // Tasks
     void cancelTimers();
 
+    // Window
     void openWindow(const char* title, int width, int height, uint32_t flags, PyObject* icon);
     void createRenderer(int width, int height);
     void close();
