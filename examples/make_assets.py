@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes everything that the demo game shows and plays: textures, sprites, sky, sounds and the level.
+"""Makes everything that the demo game shows and plays: textures, sprites, sky, sounds, widgets and the level.
 
 All of it is computed here and written to examples/assets/ (or the folder given as argument), the same each time.
 Needs numpy, and nothing else that Python does not bring along.
@@ -12,7 +12,7 @@ import zlib
 
 import numpy as np
 
-from asset_tools import flats, place, png, sky, sounds, sprites, walls
+from asset_tools import flats, hud, place, png, sky, sounds, sprites, tileset, walls
 
 
 def seed(name):
@@ -46,6 +46,9 @@ def pictures():
         yield sprite_path(name), functools.partial(draw_sprite, name)
     yield "sky.png", lambda: sky.dusk(seed("sky"))
     yield "flashlight.png", sky.flashlight
+    yield "widgets/tileset.png", tileset.tileset
+    for draw in (hud.health, hud.health_frame, hud.compass):
+        yield "widgets/%s.png" % draw.__name__, draw
 
 
 def recordings():
@@ -56,20 +59,21 @@ def recordings():
     yield "sounds/tune.wav", sounds.tune()
 
 
-def level_files():
-    """Path and bytes of the two files of the level."""
+def data_files():
+    """Path and bytes of the two files of the level, and of the widgets' theme."""
     yield "walk.lvl", place.cells()
     yield "walk.lvl.json", place.description(texture_path, sprite_path).encode("ascii")
+    yield "widgets/theme.json", tileset.theme("tileset.png").encode("ascii")
 
 
 def write_all(folder):
-    for part in ("textures", "sprites", "sounds"):
+    for part in ("textures", "sprites", "sounds", "widgets"):
         os.makedirs(os.path.join(folder, part), exist_ok=True)
     for path, draw in pictures():
         png.save(os.path.join(folder, path), draw())
     for path, samples in recordings():
         sounds.save(os.path.join(folder, path), samples)
-    for path, data in level_files():
+    for path, data in data_files():
         with open(os.path.join(folder, path), "wb") as file:
             file.write(data)
 

@@ -8,8 +8,9 @@ of what there is to see, and tells how fast it went.
 import argparse
 import os
 import sys
+import tempfile
 
-from abbey import places
+from shared import display, places
 
 KEYS = """
 keys:
@@ -17,33 +18,40 @@ keys:
   mouse             look around                   M       let the mouse go, or catch it
   click             tell what is there            F       flashlight
   F5, F9            save the game, load it        F11     fullscreen
-  F12               save a screenshot             Escape  quit
+  F12               save a screenshot             Escape  menu
 A gamepad's sticks walk and turn, too.
 """
 
 
 def main():
     options = parse_options()
-    # The module opens the screen and the audio device as it is imported, so the drivers are chosen before that.
-    if options.headless:
-        os.environ["SDL_VIDEODRIVER"] = "dummy"
-    if options.headless or options.silent:
-        os.environ["SDL_AUDIODRIVER"] = "dummy"
-    from abbey.game import Game
-    from zelvarine import LevelFormatException
+    display.choose_drivers(options.headless, options.silent)
+    from abbey.controls import Controls
+    from abbey.files import Files
+    from abbey.game import Game, LEVEL_ERRORS
+    from abbey.tour import Tour
+    from shared.fonts import FontNotFound
+    from shared.puppet import PuppetEngine
+    from shared.themes import load_theme
+    from zelvarine import Engine
 
-    save_file = options.save
-    if save_file is None:
-        # The scripted walk saves, too, and leaves your game alone.
-        save_file = os.path.join(options.pictures, "saved.lvl") if options.headless else places.saved_game()
-    try:
-        game = Game(options.level, options.size, save_file, options.pictures)
-    except (OSError, LookupError, TypeError, ValueError, LevelFormatException) as error:
-        sys.exit("cannot load %s: %s" % (options.level, error))
-    if options.headless:
-        game.show_around(options.frames).print_report()
-    else:
-        game.play(options.fps)
+    engine = PuppetEngine() if options.headless else Engine()
+    # The scripted walk saves, too, and leaves your games alone.
+    with tempfile.TemporaryDirectory() as elsewhere:
+        saved = os.path.join(elsewhere, "saved.lvl") if options.headless else places.saved_game()
+        files = Files(options.level, options.save or saved, options.pictures)
+        try:
+            game = Game(engine, load_theme(options.font), files, options.size)
+        except (FontNotFound,) + LEVEL_ERRORS as error:
+            sys.exit("%s" % error)
+        if options.headless:
+            tour = Tour()
+            tour.lead(game, options.frames)
+            tour.print_report()
+        else:
+            game.start(Controls(engine))
+            engine.run(options.fps)
+            engine.quit()
 
 
 def parse_options():
@@ -53,19 +61,21 @@ def parse_options():
     parser.add_argument("--size", type=size, default=(640, 400), metavar="WxH", help="size of the picture (640x400)")
     parser.add_argument("--fps", type=positive, default=60, help="most frames in a second when you play (60)")
     parser.add_argument("--silent", action="store_true", help="run without an audio device")
-    parser.add_argument("--headless", action="store_true", default=not has_display(),
+    parser.add_argument("--headless", action="store_true", default=not display.exists(),
                         help="take the scripted walk, without a window; the default where there is no display")
     parser.add_argument("--frames", type=positive, help="end the scripted walk after so many frames")
     parser.add_argument("--pictures", metavar="FOLDER", default=places.picture_folder("walk-pictures"),
                         help="where the scripted walk saves its pictures, and F12 its screenshots")
+    parser.add_argument("--font", metavar="FILE", help="TrueType font to use")
     parser.add_argument("--save", metavar="FILE", help="where F5 saves the game, and F9 finds it")
     return parser.parse_args()
 
 
 def size(text):
     width, height = (int(number) for number in text.split("x"))
-    # On smaller pictures the level's farthest sprites would be less than a pixel high, which the renderer reports.
-    if not (128 <= width <= 4096 and 80 <= height <= 4096):
+    # The menu needs room. Besides, on very small pictures the level's farthest sprites would be less than a pixel high,
+    # which the renderer reports.
+    if not (320 <= width <= 4096 and 200 <= height <= 4096):
         raise ValueError("size out of range")
     return width, height
 
@@ -75,12 +85,6 @@ def positive(text):
     if number < 1:
         raise ValueError("not above 0")
     return number
-
-
-def has_display():
-    if not sys.platform.startswith("linux"):
-        return True
-    return bool(os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY"))
 
 
 if __name__ == "__main__":

@@ -43,12 +43,12 @@ def test_committed_assets_are_what_the_script_makes(make_assets, tmp_path):
         with wave.open(os.path.join(ASSETS, path)) as committed, wave.open(str(tmp_path / "sound.wav")) as made:
             assert committed.getparams() == made.getparams(), path
             assert committed.readframes(10 ** 9) == made.readframes(10 ** 9), path
-    for path, data in make_assets.level_files():
+    for path, data in make_assets.data_files():
         assert read(path) == data, path
 
 
-def run_walk(*options):
-    command = [sys.executable, os.path.join(EXAMPLES, "walk.py")] + list(options)
+def run(example, *options):
+    command = [sys.executable, os.path.join(EXAMPLES, example)] + list(options)
     return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, universal_newlines=True, timeout=300)
 
 
@@ -56,7 +56,8 @@ def run_walk(*options):
 def tour(tmp_path_factory):
     """What the scripted walk prints, and the folder that it leaves."""
     folder = tmp_path_factory.mktemp("walk")
-    done = run_walk("--headless", "--size", "160x100", "--pictures", str(folder))
+    done = run("walk.py", "--headless", "--size", "320x200", "--pictures", str(folder),
+               "--save", str(folder / "saved.lvl"))
     assert (done.returncode, done.stderr) == (0, "")
     return done.stdout, folder
 
@@ -68,7 +69,7 @@ def pixels(path):
 
 def test_scripted_walk_goes_round_and_saves_pictures(tour):
     text, folder = tour
-    frames, found = (int(re.search(r"(\d+) " + what, text).group(1)) for what in ("frames of 160x100", "of 11 gems"))
+    frames, found = (int(re.search(r"(\d+) " + what, text).group(1)) for what in ("frames of 320x200", "of 11 gems"))
     assert frames > 300 and found >= 5
     pictures = sorted(folder.glob("[0-9]*.png"))
     assert len(pictures) >= 12
@@ -78,7 +79,7 @@ def test_scripted_walk_goes_round_and_saves_pictures(tour):
     differences = [abs(a - b) for pair in zip(restored, contents["gate"]) for a, b in zip(*pair)]
     assert sum(differences) < 10 * len(differences)
     assert len(set(map(tuple, contents.values()))) == len(contents)
-    assert all(len(content) == 160 * 100 and len(set(content)) > 500 for content in contents.values())
+    assert all(len(content) == 320 * 200 and len(set(content)) > 500 for content in contents.values())
 
 
 def test_scripted_walk_plays_sounds_picks_and_saves(tour):
@@ -89,11 +90,32 @@ def test_scripted_walk_plays_sounds_picks_and_saves(tour):
     assert left > 50 and right in (left, left - 1)
     for words in (r"tree \d+ before the ", r"^east face of cell \(14, 18\)$", r"^floor of cell \(16, 1\d\) at ", "^sky$"):
         assert re.search(words, text, re.MULTILINE), words
+    assert "music at 64 of 128" in text and re.search(r"list of levels moved by [1-9]", text)
     with open(str(folder / "saved.lvl.json")) as file:
         player = [entity for entity in json.load(file)["entities"] if entity["id"] == 1][0]
     assert player["purse"]["gems"] >= 1 and abs(player["position"]["x"] - 18.6) < 0.2
-    assert zelvarine.Texture(str(folder / "screenshot-1.png")).getSize() == (160, 100)
+    assert zelvarine.Texture(str(folder / "screenshot-1.png")).getSize() == (320, 200)
     assert text.index("fullscreen") < text.index("screenshot-2.png") < text.index("window")
+
+
+def test_gallery_answers_the_mouse(tmp_path):
+    done = run("widgets.py", "--headless", "--pictures", str(tmp_path))
+    assert (done.returncode, done.stderr) == (0, "")
+    red, green, blue, alpha, width, height = map(int, re.search(
+        r"colour (\d+), (\d+), (\d+), alpha (\d+), picture (\d+) by (\d+)", done.stdout).groups())
+    assert red < 30 and 80 < green < 110 and blue > 230 and 140 < alpha < 170 and width > 180 and height == 110
+    positions = re.search(r"scrolled to (\d+), (\d+) and (\d+), and pressed", done.stdout).groups()
+    assert int(positions[0]) > 1000 and positions[1:] == ("100", "150")
+    pictures = sorted(tmp_path.glob("*.png"))
+    contents = {tuple(pixels(path)) for path in pictures}
+    assert len(contents) == len(pictures) == 9
+    # The mixed colour is to be seen; the bytes of a pixel are in the order of its word.
+    assert bytes([blue, green, red]) in pixels(tmp_path / "08-sliders-moved.png")
+
+
+def test_missing_font(tmp_path):
+    done = run("widgets.py", "--headless", "--font", str(tmp_path / "no.ttf"))
+    assert done.returncode == 1 and "no.ttf" in done.stderr and "Traceback" not in done.stderr
 
 
 class Stick(zelvarine.Joystick):
@@ -122,10 +144,10 @@ def test_gamepad(monkeypatch, stick, forward, aside, turn):
 
 
 def test_missing_level(tmp_path):
-    done = run_walk("--headless", "--size", "160x100", "--pictures", str(tmp_path), "--level", str(tmp_path / "no.lvl"))
+    done = run("walk.py", "--headless", "--size", "320x200", "--pictures", str(tmp_path), "--level", str(tmp_path / "no.lvl"))
     assert done.returncode == 1 and "no.lvl" in done.stderr and "Traceback" not in done.stderr
 
 
 def test_help_and_bad_options_need_no_screen():
-    assert "--headless" in run_walk("--help").stdout
-    assert run_walk("--size", "9x9").returncode == 2
+    assert "--headless" in run("walk.py", "--help").stdout
+    assert run("walk.py", "--size", "9x9").returncode == 2

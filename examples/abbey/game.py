@@ -2,122 +2,161 @@
 
 import os
 
-from zelvarine import (Engine, FullscreenEvent, KEY_F, KEY_F11, KEY_F12, KEY_F5, KEY_F9, KEY_M, KeyEvent,
-                       LevelFormatException, MOUSE_LEFT, MouseClickEvent, Texture)
+from zelvarine import (FullscreenEvent, KEY_ESCAPE, KEY_F, KEY_F11, KEY_F12, KEY_F5, KEY_F9, KEY_M, KeyEvent,
+                       LevelFormatException, MOUSE_LEFT, MouseClickEvent, Texture, UIRenderer)
+
+from shared.places import ASSETS
 
 from . import picking
-from .controls import Controls
-from .places import ASSETS
+from .hud import Hud
+from .menus import PauseMenu, TitleScreen
 from .sounds import Footsteps, Sounds
 from .title import TitleBar
-from .tour import Tour
 from .world import World
+
+LEVEL_ERRORS = (OSError, LevelFormatException, LookupError, TypeError, ValueError)
 
 
 class Game:
-    def __init__(self, level_file, size, save_file, picture_folder):
-        self.engine = Engine()
-        self.engine.init("zelvarine", size, resizeable=True)
+    """Between the title, the walk and the menu it goes on by tasks, that is, when the events of a frame are over:
+    handlers are not exchanged while they are called."""
+
+    def __init__(self, engine, theme, files, size):
+        self.engine = engine
+        engine.init("zelvarine", size, resizeable=True, killWithEscapeKey=False)
+        self.files = files
         self.target = Texture(*size)
         self.sounds = Sounds()
-        self.save_file = save_file
-        self.picture_folder = picture_folder
-        self.world = World(level_file, self.target, self.sounds)
-        self._guides = []
-        self._overlays = []
+        self.hud = Hud()
+        self.world = self._load_world(files.level)
+        self.ui = UIRenderer(self.target, False, theme)
+        self.title = TitleScreen(theme, self)
+        self.menu = PauseMenu(theme, self)
+        self.is_walking = False
         self._lamp = Texture(os.path.join(ASSETS, "flashlight.png"))
         self._lamp_is_on = False
         self._screenshots = 0
-        self._actions = {
+        self._walking_keys = {
             KEY_F: lambda: self.switch_lamp(not self._lamp_is_on),
             KEY_M: lambda: self.engine.captureMouse(not self.engine.isMouseCaptured()),
-            KEY_F5: self.save,
+            KEY_F5: lambda: self.save(self.files.saved),
             KEY_F9: self.load,
-            KEY_F11: self.engine.toggleFullscreen,
-            KEY_F12: self.take_screenshot,
         }
+        self._keys = {KEY_ESCAPE: self._on_escape, KEY_F11: self.engine.toggleFullscreen, KEY_F12: self.take_screenshot}
         self.engine.subscribeEvent(KeyEvent, self._on_key)
         self.engine.subscribeEvent(MouseClickEvent, self._on_click)
         self.engine.subscribeEvent(FullscreenEvent, lambda event: print("fullscreen" if event.newValue else "window"))
 
-    def play(self, max_fps):
-        """You walk, until Escape is pressed or the window closed."""
-        self._start(Controls(self.engine), TitleBar())
-        self.engine.captureMouse(True)
-        self.engine.run(max_fps)
-        self.engine.quit()
+    def start(self, guide):
+        """Shows the title. The guide is a system that decides where the player wants to go."""
+        self._followers = [guide, Footsteps(self.sounds), TitleBar(), self.hud]
+        self.sounds.play_tune()
+        self._enter(self.world)
+        self._show([], self.title.widget)
 
-    def show_around(self, max_frames=None):
-        """The scripted walk, as fast as it goes. Gives the tour, which can tell about it."""
-        tour = Tour(self)
-        self._start(tour)
-        while self.engine.isRunning() and not tour.is_over(max_frames):
-            tour.take_step()
-        self.engine.quit()
-        return tour
+    def resume(self):
+        self._later(self._walk)
+
+    def pause(self):
+        self._later(self._stand_still)
+
+    def quit(self):
+        self._later(self.engine.quit)
 
     def switch_lamp(self, on):
         self._lamp_is_on = on
         self.world.switch_lamp(self._lamp if on else None)
 
-    def save(self):
+    def save(self, path):
         self.world.level.syncEntitiesFromEcs(self.engine.ecs)
         try:
-            os.makedirs(os.path.dirname(os.path.abspath(self.save_file)), exist_ok=True)
-            self.world.level.saveFile(self.save_file)
+            os.makedirs(os.path.dirname(os.path.abspath(path)), exist_ok=True)
+            self.world.level.saveFile(path)
+            self.tell("saved as %s" % os.path.basename(path))
         except OSError as error:
-            print("not saved: %s" % error)
+            self.tell("not saved: %s" % error)
 
-    def load(self):
-        """Goes on where the game was saved. If that fails, everything stays as it is."""
+    def save_new(self):
+        """Saves beside what was saved before."""
+        self.save(self.files.next_saved())
+        self.menu.list_levels(self.files.levels())
+
+    def load(self, path=None):
+        """Goes on with a level file, by default where the game was saved. If that fails, everything stays as it is."""
+        path = path or self.files.saved
         try:
-            world = World(self.save_file, self.target, self.sounds, ASSETS)
-        except (OSError, LevelFormatException, LookupError, TypeError, ValueError) as error:
-            print("not loaded: %s" % error)
+            world = self._load_world(path)
+        except LEVEL_ERRORS as error:
+            self.tell("not loaded: %s" % error)
             return
-        self._enter(world)
-        print("loaded file %s" % self.save_file)
+
+        def go_on():
+            self._enter(world)
+            self._walk()
+
+        self._later(go_on)
+        self.tell("loaded %s" % os.path.basename(path))
 
     def take_screenshot(self):
         self._screenshots += 1
-        path = self.picture_path("screenshot-%d.png" % self._screenshots)
+        path = self.files.picture("screenshot-%d.png" % self._screenshots)
         self.engine.saveScreenshot(path)
         print("screenshot in %s" % path)
+        self.hud.say("saved %s" % os.path.basename(path))
 
-    def picture_path(self, name):
-        os.makedirs(self.picture_folder, exist_ok=True)
-        return os.path.join(self.picture_folder, name)
+    def tell(self, words):
+        print(words)
+        self.hud.say(words)
 
-    def _start(self, guide, *overlays):
-        """The guide is a system that decides where the player wants to go, the overlays are what comes last in a
-        frame."""
-        self._guides = [guide, Footsteps(self.sounds)]
-        self._overlays = list(overlays)
-        self._enter(self.world)
-        self.sounds.play_tune()
+    def _load_world(self, path):
+        return World(path, self.target, self.sounds, os.path.dirname(self.files.level))
+
+    def _later(self, change):
+        self.engine.addTask(lambda timeStep, onDone: change() or True)
 
     def _enter(self, world):
         """Makes a world the one that is seen and walked in."""
+        self.world = world
+        world.level.syncEntitiesToEcs(self.engine.ecs)
+        self.switch_lamp(self._lamp_is_on)
+        for follower in self._followers:
+            follower.follow(world)
+
+    def _walk(self):
+        self._show(self._followers + self.world.systems, self.hud.widget)
+        self.is_walking = True
+        self.engine.captureMouse(True)
+
+    def _stand_still(self):
+        self.menu.list_levels(self.files.levels())
+        self._show([], self.menu.widget)
+
+    def _show(self, systems, widget):
+        """Lets these systems act, then the view be drawn, and then widgets over it."""
         ecs = self.engine.ecs
         for system in list(ecs.getSystems()):
             ecs.removeSystem(system)
-        world.level.syncEntitiesToEcs(ecs)
-        for follower in self._guides + self._overlays:
-            follower.follow(world)
-        for system in self._guides + world.systems + self._overlays:
+        for system in systems + [self.world.renderer, self.ui]:
             ecs.addSystem(system)
-        self.world = world
-        self.switch_lamp(self._lamp_is_on)
+        self.ui.widget = widget
+        self.is_walking = False
+        self.engine.captureMouse(False)
+
+    def _on_escape(self):
+        if self.is_walking:
+            self.pause()
+        else:
+            self.resume()
 
     def _on_key(self, event):
-        action = self._actions.get(event.key)
-        if action is not None:
+        action = self._keys.get(event.key) or (self.is_walking and self._walking_keys.get(event.key))
+        if action:
             action()
 
     def _on_click(self, event):
         """Tells what is under the mouse, or in the middle of the picture while the mouse turns the view."""
-        if event.button == MOUSE_LEFT:
+        if self.is_walking and event.button == MOUSE_LEFT:
             x, y = event.x, event.y
             if self.engine.isMouseCaptured():
                 x, y = self.target.width // 2, self.target.height // 2
-            print(picking.describe(self.world.renderer, x, y))
+            self.tell(picking.describe(self.world.renderer, x, y))

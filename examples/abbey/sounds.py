@@ -5,7 +5,7 @@ import os
 
 from zelvarine import AbstractSystem, EngineException, Music, PositionComponent, Sound
 
-from .places import ASSETS
+from shared.places import ASSETS
 
 STRIDE = 0.8  # cells from one footfall to the next
 NAMES = ("step1", "step2", "chime")

@@ -2,6 +2,7 @@
 
 from zelvarine import Level, MovementSystem, PositionComponent, RaycastingRenderer, RotationComponent
 
+from .health import HealthSystem
 from .treasure import Treasure
 from .wardens import WardenSystem
 
@@ -26,9 +27,9 @@ class World:
         self.camera.pitch = 0
         self.camera.ratio = SQUARE_WALLS * target.height / target.width
         self._look_through(self.player)
+        self.health = HealthSystem(self.player)
         self.treasure = Treasure(self.level, self.player, sounds)
-        # In the order in which they act: the picture is drawn when everybody has moved.
-        self.systems = [self.treasure, WardenSystem(), MovementSystem(self.level), self.renderer]
+        self.systems = [self.treasure, self.health, WardenSystem(), MovementSystem(self.level)]  # in the order of acting
 
     def switch_lamp(self, mask):
         """Lights what the mask, a picture, lets through; None puts the lamp out."""

@@ -107,7 +107,8 @@ def _fire(x, y):
     """A brazier and the light around it. The halo comes second: of things equally far, the later is drawn over."""
     glow = _sprite("halo", 1.3, blendMode="add", shadeless=True)
     glow["zOffset"] = 0.25
-    return [dict(position=_at(x, y), collision=dict(radius=0.2), sprite=_sprite("brazier", 0.62, shadeless=True)),
+    return [dict(position=_at(x, y), collision=dict(radius=0.2, hasFlags=["fire"]),
+                 sprite=_sprite("brazier", 0.62, shadeless=True)),
             dict(position=_at(x, y), sprite=glow)]
 
 

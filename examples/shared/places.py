@@ -5,6 +5,7 @@ import tempfile
 
 EXAMPLES = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 ASSETS = os.path.join(EXAMPLES, "assets")
+THEME = os.path.join(ASSETS, "widgets", "theme.json")
 LEVEL = os.path.join(ASSETS, "walk.lvl")
 
 
