@@ -20,7 +20,7 @@ HAS_DEBIAN_HEADERS := $(filter /usr,$(firstword $(PREFIXES)))
 HAS_DEBIAN_MODULES := $(filter /usr,$(lastword $(PREFIXES)))
 
 .DEFAULT_GOAL = build
-.PHONY: help build demo test bench lint format asan stubs all build-packages test-packages lint-packages
+.PHONY: help build demo test bench lint format asan stubs all build-packages demo-packages test-packages lint-packages
 
 help: ## list the targets
 	@sed -n 's/^\([a-z]*\):.*## /\1|/p' Makefile | awk -F'|' '{ printf "  make %-8s %s\n", $$1, $$2 }'
@@ -39,7 +39,7 @@ build: build-packages ## build the module into BUILD (the default target)
 	@cmake -S . -B "$(BUILD)" --log-level=NOTICE -DPython_EXECUTABLE="$$($(PYTHON) -c 'import sys; print(sys.executable)')" $(CMAKE_OPTIONS)
 	@env -u MAKEFLAGS -u MAKELEVEL cmake --build "$(BUILD)" --parallel $(JOBS)
 
-demo: build ## walk through the demo level; without a display it saves pictures (ARGS=--help tells the options)
+demo: build demo-packages ## walk through the demo level; without a display it saves pictures (ARGS=--help tells the options)
 	$(RUN) examples/walk.py $(ARGS)
 
 test: build test-packages ## run the tests, without a window or sound
@@ -50,6 +50,9 @@ bench: build test-packages ## time frames and movement
 
 build-packages:
 	@$(PACKAGES) g++ cmake libsdl2-dev libsdl2-image-dev libsdl2-mixer-dev libsdl2-ttf-dev $(if $(HAS_DEBIAN_HEADERS),python3-dev)
+
+demo-packages:
+	@$(PACKAGES) fonts-dejavu-core
 
 test-packages:
 	@$(PACKAGES) fonts-dejavu-core xvfb xdotool $(if $(HAS_DEBIAN_MODULES),python3-pytest python3-numpy)

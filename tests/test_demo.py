@@ -84,11 +84,13 @@ def test_scripted_walk_goes_round_and_saves_pictures(tour):
 
 def test_scripted_walk_plays_sounds_picks_and_saves(tour):
     text, folder = tour
-    chimes, left, right = (int(re.search(name + r" (\d+) times", text).group(1)) for name in ("chime", "step1", "step2"))
+    chimes, left, right = (int(re.search(sound + r" (\d+) times", text).group(1))
+                           for sound in ("chime", "step1", "step2"))
     found = int(re.search(r"(\d+) of 11 gems", text).group(1))
     assert chimes == found + 1  # one gem was found twice: the saved game has it still
     assert left > 50 and right in (left, left - 1)
-    for words in (r"tree \d+ before the ", r"^east face of cell \(14, 18\)$", r"^floor of cell \(16, 1\d\) at ", "^sky$"):
+    for words in (r"tree \d+ before the ", r"^east face of cell \(14, 18\)$", r"^floor of cell \(16, 1\d\) at ",
+                  "^sky$"):
         assert re.search(words, text, re.MULTILINE), words
     assert "music at 64 of 128" in text and re.search(r"list of levels moved by [1-9]", text)
     with open(str(folder / "saved.lvl.json")) as file:
@@ -144,7 +146,7 @@ def test_gamepad(monkeypatch, stick, forward, aside, turn):
 
 
 def test_missing_level(tmp_path):
-    done = run("walk.py", "--headless", "--size", "320x200", "--pictures", str(tmp_path), "--level", str(tmp_path / "no.lvl"))
+    done = run("walk.py", "--headless", "--level", str(tmp_path / "no.lvl"))
     assert done.returncode == 1 and "no.lvl" in done.stderr and "Traceback" not in done.stderr
 
 

@@ -37,7 +37,8 @@ class Controls(AbstractSystem):
     def _walk(self):
         forward = self._keys([KEY_S, KEY_DOWN], [KEY_W, KEY_UP]) + self._gamepad.forward
         aside = self._keys([KEY_A], [KEY_D]) + self._gamepad.aside
-        way = Vector2(self._facing.x * forward - self._facing.y * aside, self._facing.y * forward + self._facing.x * aside)
+        ahead = self._facing
+        way = Vector2(ahead.x * forward - ahead.y * aside, ahead.y * forward + ahead.x * aside)
         if way.length > 1:
             way.normalize()  # so that walking slantwise is not faster
         way.scale(RUN if self.getEngine().isKeyPressed(KEY_LSHIFT) else WALK)

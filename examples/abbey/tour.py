@@ -5,9 +5,9 @@ import math
 import os
 import time
 
-from zelvarine import (AbstractSystem, CollisionComponent, KEY_ESCAPE, KEY_F11, KEY_F12, KEY_F5, KEY_F9, KEY_M, KeyEvent,
-                       MOUSE_LEFT, MouseClickEvent, PositionComponent, RotationComponent, VelocityComponent,
-                       getMusicVolume)
+from zelvarine import (AbstractSystem, CollisionComponent, KEY_ESCAPE, KEY_F11, KEY_F12, KEY_F5, KEY_F9, KEY_M,
+                       KeyEvent, MOUSE_LEFT, MouseClickEvent, PositionComponent, RotationComponent,
+                       VelocityComponent, getMusicVolume)
 
 from shared.puppet import middle
 
@@ -16,8 +16,8 @@ TURN = 5.0  # degrees in a frame, where the walk stands still
 LONGEST_STEP = 0.2  # below the player's radius, so that no wall is jumped over when someone was in the way
 
 # Where to be and where to look: degrees from east over south. Between two stops the walk goes straight.
-# At a stop, a picture may be taken, and then keys be pressed and the mouse be clicked: those are shares of the picture's
-# width and height.
+# At a stop, a picture may be taken, and then keys be pressed and the mouse be clicked: the places for that are shares of
+# the picture's width and height.
 Stop = collections.namedtuple("Stop", "x y degrees picture lamp keys clicks")
 Stop.__new__.__defaults__ = (None, False, (), ())
 

@@ -13,8 +13,8 @@ SQUARE_WALLS = 2.56
 
 
 class World:
-    """Made from a level file. It touches no engine by itself: so a saved game can be loaded aside, and takes the place of
-    the world before it only when all of it is there."""
+    """Made from a level file. It touches no engine by itself: so a saved game can be loaded aside, and takes the place
+    of the world before it only when all of it is there."""
 
     def __init__(self, level_file, target, sounds, assets=None):
         self.level = Level(level_file, assets)
@@ -29,7 +29,8 @@ class World:
         self._look_through(self.player)
         self.health = HealthSystem(self.player)
         self.treasure = Treasure(self.level, self.player, sounds)
-        self.systems = [self.treasure, self.health, WardenSystem(), MovementSystem(self.level)]  # in the order of acting
+        # In the order in which they act.
+        self.systems = [self.treasure, self.health, WardenSystem(), MovementSystem(self.level)]
 
     def switch_lamp(self, mask):
         """Lights what the mask, a picture, lets through; None puts the lamp out."""

@@ -68,8 +68,10 @@ def texts(theme):
     for color, words in (((230, 90, 70), "red"), ((120, 200, 120), "green"), ((120, 160, 240), "blue"),
                          ((255, 255, 255, 120), "white, half there"), (None, "the colour of the theme")):
         colors.addChild(text(words, color))
-    cut = panel(heading(theme, "Cut off at 120 pixels"), text("A text that does not fit its widget", width=120), width=320)
-    alphabet = panel(heading(theme, "Letters beyond ASCII"), text("Ünïcödé, αβγ, Жук, «…»"), width=320)
+    cut = panel(heading(theme, "Cut off at 120 pixels"), text("A text that does not fit its widget", width=120),
+                width=320)
+    alphabet = panel(heading(theme, "Letters beyond ASCII"), text("Ünïcödé, αβγ, Жук, «…»"),
+                     width=320)
     return row(column(lines, cut), column(colors, alphabet))
 
 

@@ -59,4 +59,5 @@ def _scroll(engine, page):
     engine.click_on(press)
     page.shift(150)
     engine.update()
-    print("scrolled to %d, %d and %d, and %s" % (bar.scrollPosY, page.text.scrollPosY, page.field.scrollPosX, name.text))
+    print("scrolled to %d, %d and %d, and %s" % (
+        bar.scrollPosY, page.text.scrollPosY, page.field.scrollPosX, name.text))
