@@ -42,7 +42,8 @@ class PauseMenu:
         self.save = button("Save as a new game", lambda event: game.save_new(), width=180)
         choices = column(
             self.go_on, self.save, button("Quit", lambda event: game.quit(), width=180),
-            spaced(heading(theme, "Sounds"), 8, 0, 2, 0), self.sounds, heading(theme, "Music"), self.music)
+            spaced(heading(theme, "Sounds"), 8, 0, 2, 2), self.sounds,
+            spaced(heading(theme, "Music"), 4, 0, 2, 2), self.music)
         menu = panel(row(choices, spaced(column(heading(theme, "Levels"), self.level_list), 0, 0, 0, 16)))
         self.widget = UIAnchoredContainer()
         self.widget.addChild(spaced(menu, 0), 0, 0, ANCHOR_CENTER, ANCHOR_CENTER)
