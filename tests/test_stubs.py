@@ -46,7 +46,7 @@ def typesDiffer(node, function):
     said = dict(re.findall(r"@param\((\w+)(?:=[^,]*)?, (int|float|str|bool)\)", function.__doc__ or ""))
     said.update(("return", kind) for kind in re.findall(r"@return\((int|float|str|bool)\)", function.__doc__ or ""))
     annotations = dict([(arg.arg, arg.annotation) for arg in node.args.args], **{"return": node.returns})
-    return [name for name, kind in said.items() if getattr(annotations[name], "id", "").strip("_").lower() != kind]
+    return [name for name, kind in said.items() if not re.search("id='_?%s'" % kind, ast.dump(annotations[name]), re.IGNORECASE)]
 
 
 def isWritable(cls, name):
