@@ -14,7 +14,9 @@ os.environ.setdefault("SDL_AUDIODRIVER", "dummy")
 
 import zelvarine as z  # noqa: E402 (the drivers are chosen before the import)
 
-ASSETS = os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "examples", "assets")
+EXAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "examples")
+ASSETS = os.path.join(EXAMPLES, "assets")
+sys.path.append(EXAMPLES)
 SIZES = ((320, 200), (640, 480), (1280, 720))
 
 
@@ -79,7 +81,45 @@ def movement(runs):
         yield name, milliseconds(lambda: ecs.update(0.001), runs), "one step"
 
 
-BENCHMARKS = (frames, movement)
+def screen(theme, target):
+    """30 buttons, 40 texts and 10 sliders in panels, and a scroll panel of 200 rows."""
+    from shared import parts
+
+    def grid(widgets, columns):
+        return parts.panel(*[parts.row(*widgets[i:i + columns]) for i in range(0, len(widgets), columns)])
+
+    texts = [parts.text("text %d" % i) for i in range(40)]
+    panels = [grid([parts.button("button %d" % i) for i in range(30)], 5), grid(texts, 5),
+              grid([parts.slider(i, 0, 10, width=120) for i in range(10)], 5)]
+    scrolled = z.UIScrollPanel(parts.column(*[parts.row(parts.text("row %d" % i), parts.button("press")) for i in range(200)]))
+    renderer = z.UIRenderer(target, True, theme)
+    renderer.widget = parts.row(parts.column(*panels), parts.fixed(scrolled, 300, 600))
+    z.Engine().ecs.addSystem(renderer)
+    return renderer, texts
+
+
+def widgets(runs):
+    """A screen of 100 widgets at 1280x720, and what its parts cost."""
+    from shared.themes import load_theme
+
+    theme = load_theme()
+    renderer, texts = screen(theme, z.Texture(1280, 720))
+    whole = milliseconds(renderer.render, runs)
+    # On a target of one pixel there is nothing to blit.
+    layout = milliseconds(screen(theme, z.Texture(1, 1))[0].render, runs)
+    count = [0]
+
+    def render_with_new_texts():
+        count[0] += 1
+        for text in texts:
+            text.text = "text %d" % count[0]
+        renderer.render()
+
+    yield "screen of 100 widgets", whole, "layout and walk %.3f, blits and fills %.3f" % (layout, whole - layout)
+    yield "with 40 new texts a frame", milliseconds(render_with_new_texts, runs), "the rest is rendering text"
+
+
+BENCHMARKS = (frames, movement, widgets)
 
 
 def main():
