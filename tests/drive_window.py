@@ -1,10 +1,13 @@
 """Plays the user of a real window, on an X display whose screen is 640 by 480. Run by test_window.py."""
+import pathlib
 import struct
 import subprocess
 import time
 
 import zelvarine
-from zelvarine import Engine, Renderer, Texture
+from zelvarine import Engine, Renderer, Texture, UIRenderer, UISlider
+
+from ui_reference import FlatTheme, writeTheme
 
 COLOURS = [[0xFFC00000, 0xFF00C000], [0xFF0000C0, 0xFFC0C0C0]]
 TITLE = "Fenêtre \u2713"
@@ -116,6 +119,26 @@ class Session:
         assert engine.getWindowPos() == (40, 30) and engine.getWindowSize() == (320, 240)
         assert self.toggles == [True, False]
 
+    def checkDrag(self):
+        engine, slider = self.engine, UISlider(0)
+        slider.sizePolicyX, slider.width = zelvarine.SIZE_FIXED, 150
+        renderer = UIRenderer(Texture(160, 120), True, FlatTheme(writeTheme(pathlib.Path(self.folder))))
+        renderer.widget.addChild(slider, 0, 0)
+        engine.ecs.addSystem(renderer)
+        moveTo = lambda x, y: xdotool("mousemove", 40 + 2 * x, 30 + 2 * y)
+        moveTo(12, 5)
+        self.play(lambda: slider.isHovered)
+        xdotool("mousedown", 1)
+        self.play(lambda: engine.isMouseButtonPressed(zelvarine.MOUSE_LEFT))
+        for x, y, value in ((75, 5, 50), (158, 110, 100), (37, 60, 20)):
+            moveTo(x, y)
+            self.play(lambda: slider.value == value)
+        xdotool("mouseup", 1)
+        self.play(lambda: not engine.isMouseButtonPressed(zelvarine.MOUSE_LEFT))
+        moveTo(75, 5)
+        self.play(lambda: slider.isHovered)
+        assert slider.value == 20
+
     def checkEnd(self):
         xdotool("key", "Escape")
         self.engine.run()
@@ -129,5 +152,6 @@ def main(folder):
     session.checkPicture()
     session.checkInput()
     session.checkFullscreen()
+    session.checkDrag()
     session.checkEnd()
     print("all seen")
