@@ -1,34 +1,34 @@
-"""A small model of the widgets: the same trees laid out and painted by plain Python.
-
-Every piece of its theme has one colour, so that a picture is told by rectangles alone.
-"""
+"""A small model of the widgets: the same trees laid out and painted by plain Python."""
 import json
 
 import numpy
 import zelvarine
-from zelvarine import Texture, UIRenderer, UITheme
+from zelvarine import SIZE_FIXED, SIZE_GROW, Texture, UIRenderer, UITheme
 
-NONE = (-1, -1, -1, -1)
-FIELDS = ("_x", "_y", "width", "height")
-MARGINS = ("marginTop", "marginRight", "marginBottom", "marginLeft")
+BACKGROUND, FONT_COLOR = 0xFF204060, (10, 20, 30, 255)
+TILES = numpy.random.RandomState(1).randint(0, 1 << 24, (60, 60)).astype("uint32") | 0xFF000000
 
-_bar = {"left": 4, "middle": 8, "right": 5, "height": 20}
+
+def piece(x, y, width, height):
+    return {"x": x, "y": y, "width": width, "height": height}
+
+
 WIDGETS = {
-    "button": {"normal": dict(_bar), "hover": dict(_bar)},
-    "panel": {"leftWidth": 3, "middleWidth": 6, "rightWidth": 4, "topHeight": 5, "middleHeight": 7, "bottomHeight": 2},
+    "button": {look: {"x": 2, "y": y, "left": 4, "middle": 8, "right": 5, "height": 20} for look, y in (("normal", 1), ("hover", 22))},
+    "panel": {"x": 20, "y": 3, "leftWidth": 3, "middleWidth": 6, "rightWidth": 4, "topHeight": 5, "middleHeight": 7, "bottomHeight": 2},
     "slider": {
-        "horizontalBackground": {"left": 3, "middle": 7, "right": 2, "height": 10},
-        "verticalBackground": {"top": 3, "middle": 7, "bottom": 2, "width": 9},
-        "horizontalButton": {"normal": {"width": 6, "height": 14}},
-        "verticalButton": {"normal": {"width": 13, "height": 8}},
-        **{name: {look: {"width": w, "height": h} for look in ("normal", "hover")}
-           for name, w, h in (("leftButton", 9, 11), ("rightButton", 10, 8), ("topButton", 8, 6), ("bottomButton", 7, 12))},
+        "horizontalBackground": {"x": 20, "y": 20, "left": 3, "middle": 7, "right": 2, "height": 10},
+        "verticalBackground": {"x": 40, "y": 1, "top": 3, "middle": 7, "bottom": 2, "width": 9},
+        "horizontalButton": {"normal": piece(20, 31, 6, 14)},
+        "verticalButton": {"normal": piece(28, 31, 13, 8)},
+        "leftButton": {"normal": piece(0, 45, 9, 11), "hover": piece(9, 45, 9, 11)},
+        "rightButton": {"normal": piece(40, 14, 10, 8), "hover": piece(50, 14, 10, 8)},
+        "topButton": {"normal": piece(20, 46, 8, 6), "hover": piece(28, 46, 8, 6)},
+        "bottomButton": {"normal": piece(40, 40, 7, 12), "hover": piece(47, 40, 7, 12)},
     },
     "scrollPanel": {"sliderMargin": {"top": 2, "right": 3, "bottom": 4, "left": 9},
                     "clipPadding": {"top": 1, "right": 2, "bottom": 3, "left": 4}},
 }
-BACKGROUND = 0xFF204060
-FONT_COLOR = (10, 20, 30, 255)
 
 
 def word(color):
@@ -36,50 +36,12 @@ def word(color):
     return a << 24 | r << 16 | g << 8 | b
 
 
-def sampled(i, sourceLength, length):
-    """The source pixel under the centre of pixel `i` of a stretched length, in steps of 1/65536."""
-    step = (sourceLength << 16) // length
-    return step // 2 + i * step >> 16
-
-
-def thirds(piece, *names):
-    return [piece.get(name, 0) for name in names]
-
-
-def columns(piece):
-    return thirds(piece, "leftWidth", "middleWidth", "rightWidth") if "leftWidth" in piece else \
-        thirds(piece, "left", "middle", "right") if "left" in piece else [piece["width"]]
-
-
-def rows(piece):
-    return thirds(piece, "topHeight", "middleHeight", "bottomHeight") if "topHeight" in piece else \
-        thirds(piece, "top", "middle", "bottom") if "top" in piece else [piece["height"]]
-
-
-def writeTheme(folder, retouch=lambda tiles: None):
-    """Places the pieces in a tileset, a colour for each part of them, and gives the name of the theme file."""
-    tiles, place = numpy.zeros((40, 400), "uint32"), 0
-    tables = [WIDGETS["panel"]] + list(WIDGETS["button"].values())
-    for table in WIDGETS["slider"].values():
-        tables += list(table.values()) if "normal" in table else [table]
-    for number, piece in enumerate(tables):
-        piece.update(x=place, y=number % 5, colors=[])
-        y = piece["y"]
-        for j, height in enumerate(rows(piece)):
-            x = place
-            for i, width in enumerate(columns(piece)):
-                piece["colors"].append(0xFF000000 | number << 16 | i * 90 << 8 | j * 90 + 20)
-                tiles[y:y + height, x:x + width] = piece["colors"][-1]
-                x += width
-            y += height
-        place = x
-    retouch(tiles)
-    texture = Texture(400, 40)
-    numpy.asarray(texture)[:] = tiles
+def writeTheme(folder):
+    texture = Texture(*TILES.shape[::-1])
+    numpy.asarray(texture)[:] = TILES
     texture.saveFile(str(folder / "tiles.png"))
     colors = {"background": "%X" % BACKGROUND, "fontColor": "%X" % word(FONT_COLOR)}
-    theme = {"widgets": WIDGETS, "tileset": "tiles.png", "fonts": {}, "colors": colors}
-    (folder / "theme.json").write_text(json.dumps(theme))
+    (folder / "theme.json").write_text(json.dumps({"widgets": WIDGETS, "tileset": "tiles.png", "fonts": {}, "colors": colors}))
     return str(folder / "theme.json")
 
 
@@ -113,15 +75,13 @@ class Player(zelvarine.Engine):
 
 
 class Stage:
-    """A renderer on a target, with an anchored root."""
+    """A renderer on a target of 160 by 120, with an anchored root."""
 
-    def __init__(self, folder, width=160, height=120, **options):
-        self.themeFile = writeTheme(folder, **options)
-        self.target, self.engine = Texture(width, height), Player()
+    def __init__(self, folder):
+        self.themeFile, self.target, self.engine = writeTheme(folder), Texture(160, 120), Player()
         self.renderer = UIRenderer(self.target, True, FlatTheme(self.themeFile))
         self.engine.ecs.addSystem(self.renderer)
-        self.root = self.renderer.widget
-        self.pixels = numpy.asarray(self.target)
+        self.root, self.pixels = self.renderer.widget, numpy.asarray(self.target)
 
     def frame(self, x=-9, y=-9, pressed=False):
         self.engine.mouse, self.engine.pressed = (x, y), pressed
@@ -129,99 +89,104 @@ class Stage:
 
 
 class Painter:
-    def __init__(self, width, height, color=BACKGROUND):
-        self.pixels = numpy.full((height, width), color, "uint32")
+    def __init__(self, color=BACKGROUND):
+        self.pixels, self.all = numpy.full((120, 160), color, "uint32"), (0, 0, 160, 120)
+
+    def stretch(self, source, x, y, width, height, clip):
+        """Each pixel shows the source pixel under its centre, in steps of 1/65536 of a source pixel."""
+        across, down = [numpy.arange(max(size, 0)) for size in (width, height)]
+        if len(across) and len(down):
+            stepX, stepY = (source.shape[1] << 16) // width, (source.shape[0] << 16) // height
+            picture = source[(stepY // 2 + down * stepY >> 16)[:, None], stepX // 2 + across * stepX >> 16]
+            x0, y0 = max(x, clip[0], 0), max(y, clip[1], 0)
+            x1, y1 = max(x0, min(x + width, clip[0] + clip[2], 160)), max(y0, min(y + height, clip[1] + clip[3], 120))
+            self.pixels[y0:y1, x0:x1] = picture[y0 - y:y1 - y, x0 - x:x1 - x]
 
     def fill(self, x, y, width, height, color, clip):
-        x0, y0, x1, y1 = max(x, clip[0], 0), max(y, clip[1], 0), min(x + width, clip[0] + clip[2]), min(y + height, clip[1] + clip[3])
-        if x0 < x1 and y0 < y1:
-            self.pixels[y0:y1, x0:x1] = color
-
-    def all(self):
-        return (0, 0) + self.pixels.shape[::-1]
-
-    def bar(self, piece, x, y, length, vertical, clip):
-        """Caps and tiles; the squeezed last tile has the colour of the others."""
-        first, middle, last = rows(piece) if vertical else columns(piece)
-        thickness = piece["width" if vertical else "height"]
-        tiled = max(0, length - first - last)
-        for start, size, color in zip((0, first, length - last), (first, tiled, last), piece["colors"]):
-            self.fill(*((x, y + start, thickness, size) if vertical else (x + start, y, size, thickness)), color, clip)
-
-    def ninePatch(self, piece, x, y, width, height, clip):
-        across, down = columns(piece), rows(piece)
-        across[1], down[1] = width - across[0] - across[2], height - down[0] - down[2]
-        for i, color in enumerate(piece["colors"]):
-            self.fill(x + sum(across[:i % 3]), y + sum(down[:i // 3]), across[i % 3], down[i // 3], color, clip)
+        self.stretch(numpy.array([[color]], "uint32"), x, y, width, height, clip)
 
     def piece(self, piece, x, y, clip):
-        self.fill(x, y, piece["width"], piece["height"], piece["colors"][0], clip)
+        part = TILES[piece["y"]:piece["y"] + piece["height"], piece["x"]:piece["x"] + piece["width"]]
+        self.stretch(part, x, y, piece["width"], piece["height"], clip)
+
+    def bar(self, table, x, y, length, vertical, clip):
+        """The vertical bar is the horizontal one of the turned tileset on the turned picture."""
+        (x, y), start = (y, x) if vertical else (x, y), table["y" if vertical else "x"]
+        first, middle, last = [table[key] for key in (("top", "middle", "bottom") if vertical else ("left", "middle", "right"))]
+        thickness, across = (table["width"], table["x"]) if vertical else (table["height"], table["y"])
+        count, rest = divmod(max(0, length - first - last), middle)
+        tiles = [(start + first, middle, first + k * middle, middle) for k in range(count)]
+        squeezed = (start + first, middle, first + count * middle, rest)
+        for source, size, place, shown in [(start, first, 0, first), *tiles, squeezed, (start + first + middle, last, length - last, last)]:
+            part = (TILES.T if vertical else TILES)[across:across + thickness, source:source + size]
+            self.stretch(part.T, y, x + place, thickness, shown, clip) if vertical else self.stretch(part, x + place, y, shown, thickness, clip)
+
+    def ninePatch(self, x, y, width, height, clip):
+        panel = WIDGETS["panel"]
+        across, down = [[panel[key] for key in keys] for keys in (
+            ("leftWidth", "middleWidth", "rightWidth"), ("topHeight", "middleHeight", "bottomHeight"))]
+        wide, high = (across[0], width - across[0] - across[2], across[2]), (down[0], height - down[0] - down[2], down[2])
+        for i, j in [(i, j) for j in range(3) for i in range(3)]:
+            part = TILES[panel["y"] + sum(down[:j]):, panel["x"] + sum(across[:i]):][:down[j], :across[i]]
+            self.stretch(part, x + sum(wide[:i]), y + sum(high[:j]), wide[i], high[j], clip)
 
 
 class Node:
-    """One widget; it lays itself out like the widget with the same fields."""
-    policy = (zelvarine.SIZE_AUTO, zelvarine.SIZE_AUTO)
+    """One widget, laid out and painted from what the script gave it; all but the results is read from the widget."""
 
-    def __init__(self, widget, children=(), **fields):
+    def __init__(self, widget, children=()):
         self.widget, self.children = widget, list(children)
-        for name, value in fields.items():
-            setattr(widget, name, value)
-        self.x = self.y = 0
-        self.copy("width", "height", "sizePolicyX", "sizePolicyY", "horizontalAlign", "verticalAlign", *MARGINS)
+        self.x, self.y, self.width, self.height = widget._x, widget._y, widget.width, widget.height
 
-    def copy(self, *names):
-        for name in names:
-            setattr(self, name, getattr(self.widget, name))
+    def __getattr__(self, name):
+        return getattr(self.widget, name)
 
     def everyone(self):
         return [self] + [node for child in self.children for node in child.everyone()]
 
+    def rect(self):
+        return self.x, self.y, self.width, self.height
+
     def outer(self):
         return self.width + self.marginLeft + self.marginRight, self.height + self.marginTop + self.marginBottom
-
-    def setSize(self, width, height):
-        self.width = self.width if self.sizePolicyX == zelvarine.SIZE_FIXED else width
-        self.height = self.height if self.sizePolicyY == zelvarine.SIZE_FIXED else height
 
     def measure(self):
         for child in self.children:
             child.measure()
         self.setSize(*self.content())
 
+    def setSize(self, width, height):
+        self.width = self.width if self.sizePolicyX == SIZE_FIXED else width
+        self.height = self.height if self.sizePolicyY == SIZE_FIXED else height
+
     def content(self):
         return 0, 0
 
-    def room(self):
-        return self.width, self.height
-
     def grow(self, width, height):
-        if self.sizePolicyX == zelvarine.SIZE_GROW:
-            self.width = width - self.marginLeft - self.marginRight
-        if self.sizePolicyY == zelvarine.SIZE_GROW:
-            self.height = height - self.marginTop - self.marginBottom
+        self.width = width - self.marginLeft - self.marginRight if self.sizePolicyX == SIZE_GROW else self.width
+        self.height = height - self.marginTop - self.marginBottom if self.sizePolicyY == SIZE_GROW else self.height
         for child in self.children:
             child.grow(*self.room())
+
+    def room(self):
+        return self.width, self.height
 
     def place(self):
         for child in self.children:
             child.place()
 
-    def clipped(self, clip):
-        own = (self.x, self.y, self.width, self.height)
-        if min(clip) < 0:
-            return own
-        x, y = max(clip[0], own[0]), max(clip[1], own[1])
-        return x, y, min(clip[0] + clip[2], own[0] + own[2]) - x, min(clip[1] + clip[3], own[1] + own[3]) - y
+    def paint(self, painter, clip=(-1, -1, -1, -1)):
+        x, y, width, height = self.rect()
+        if min(clip) >= 0:
+            x, y = max(clip[0], x), max(clip[1], y)
+            width, height = min(clip[0] + clip[2], self.x + width) - x, min(clip[1] + clip[3], self.y + height) - y
+        isShown = width > 0 and height > 0
+        if isShown:
+            self.draw(painter, (x, y, width, height))
+        for child in self.children if isShown or not self.hidesChildren else []:
+            child.paint(painter, (-1, -1, -1, -1) if isinstance(self, Panel) else clip)
 
-    def paint(self, painter, clip=NONE):
-        visible = self.clipped(clip)
-        if visible[2] > 0 and visible[3] > 0:
-            self.draw(painter, visible)
-        self.paintChildren(painter, clip)
-
-    def paintChildren(self, painter, clip):
-        for child in self.children:
-            child.paint(painter, clip)
+    hidesChildren = False
 
     def draw(self, painter, clip):
         pass
@@ -229,25 +194,23 @@ class Node:
 
 class Picture(Node):
     def draw(self, painter, clip):
-        painter.fill(self.x, self.y, self.width, self.height, int(numpy.asarray(self.widget.texture)[0, 0]), clip)
+        painter.fill(*self.rect(), int(numpy.asarray(self.texture)[0, 0]), clip)
 
 
 class Label(Node):
     def content(self):
-        lines = self.widget.text.splitlines()
-        return sum(10 * len(line) for line in lines), 12 * len(lines)
+        return sum(10 * len(line) for line in self.text.splitlines()), 12 * len(self.text.splitlines())
 
     def draw(self, painter, clip):
-        lines = self.widget.text.splitlines()
-        painter.fill(self.x, self.y, 10 * max(map(len, lines), default=0), 12 * len(lines), word(self.widget.color), clip)
+        lines = self.text.splitlines()
+        painter.fill(self.x, self.y, 10 * max(map(len, lines), default=0), 12 * len(lines), word(self.color), clip)
 
 
 class List(Node):
-    def __init__(self, widget, children=(), **fields):
-        super().__init__(widget, children, **fields)
+    def __init__(self, widget, children):
+        super().__init__(widget, children)
         for child in children:
             widget.addChild(child.widget)
-        self.copy("paddingTop", "paddingRight", "paddingBottom", "paddingLeft", "layout")
 
     def content(self):
         widths, heights = zip((0, 0), *[child.outer() for child in self.children])
@@ -258,41 +221,32 @@ class List(Node):
         return self.width - self.paddingLeft - self.paddingRight, self.height - self.paddingTop - self.paddingBottom
 
     def place(self):
-        left, top = self.x + self.paddingLeft, self.y + self.paddingTop
-        offset = 0
+        left, top, offset = self.x + self.paddingLeft, self.y + self.paddingTop, 0
         for c in self.children:
-            c.x, c.y = left + c.marginLeft, top + c.marginTop
             if self.layout == zelvarine.LIST_LAYOUT_HORIZONTAL:
-                c.x += offset
-                if c.verticalAlign == zelvarine.VALIGN_BOTTOM:
-                    c.y = top + self.height - c.height - c.marginBottom
-                if c.verticalAlign == zelvarine.VALIGN_MIDDLE:
-                    c.y = top + int((self.height - c.height) / 2)
+                c.x, gap = left + offset + c.marginLeft, self.height - c.height
+                c.y = top + (c.marginTop, gap - c.marginBottom, int(gap / 2))[c.verticalAlign]
                 offset += c.outer()[0]
             else:
-                c.y += offset
-                if c.horizontalAlign == zelvarine.ALIGN_RIGHT:
-                    c.x = left + self.width - c.width - c.marginRight
-                if c.horizontalAlign == zelvarine.ALIGN_CENTER:
-                    c.x = left + int((self.width - c.width) / 2)
+                c.y, gap = top + offset + c.marginTop, self.width - c.width
+                c.x = left + (c.marginLeft, gap - c.marginRight, int(gap / 2))[c.horizontalAlign]
                 offset += c.outer()[1]
         super().place()
 
 
 class Panel(List):
-    def paint(self, painter, clip=NONE):
-        visible = self.clipped(clip)
-        if visible[2] > 0 and visible[3] > 0:
-            painter.ninePatch(WIDGETS["panel"], self.x, self.y, self.width, self.height, visible)
-            self.paintChildren(painter, NONE)
+    hidesChildren = True
+
+    def draw(self, painter, clip):
+        painter.ninePatch(*self.rect(), clip)
 
 
 class Button(List):
-    def __init__(self, widget, **fields):
-        label = Label.__new__(Label)
-        super().__init__(widget, **fields)
-        Label.__init__(label, widget.getChildren()[0])
-        self.children = [label]
+    hidesChildren = True
+
+    def __init__(self, widget):
+        super().__init__(widget, [])
+        self.children = [Label(widget.getChildren()[0])]
 
     def measure(self):
         label, face = self.children[0], WIDGETS["button"]["normal"]
@@ -300,16 +254,13 @@ class Button(List):
         super().measure()
         self.setSize(self.width + face["left"] + face["right"], minHeight)
 
-    def paint(self, painter, clip=NONE):
-        visible = self.clipped(clip)
-        if visible[2] > 0 and visible[3] > 0:
-            painter.bar(WIDGETS["button"]["hover" if self.widget.isHovered else "normal"], self.x, self.y, self.width, False, visible)
-            self.paintChildren(painter, clip)
+    def draw(self, painter, clip):
+        painter.bar(WIDGETS["button"]["hover" if self.isHovered else "normal"], self.x, self.y, self.width, False, clip)
 
 
 class Anchored(Node):
-    def __init__(self, widget, anchored=(), **fields):
-        super().__init__(widget, [child for child, *_ in anchored], **fields)
+    def __init__(self, widget, anchored):
+        super().__init__(widget, [child for child, *_ in anchored])
         self.anchors = [anchor for _, *anchor in anchored]
         for child, *anchor in anchored:
             widget.addChild(child.widget, *anchor)
@@ -329,27 +280,25 @@ class Anchored(Node):
 
 
 class Slider(Node):
-    def __init__(self, widget, vertical, **fields):
-        super().__init__(widget, **fields)
-        self.vertical, self.pieces = vertical, WIDGETS["slider"]
-        self.bar = self.pieces["verticalBackground" if vertical else "horizontalBackground"]
-        self.knob = self.pieces["verticalButton" if vertical else "horizontalButton"]["normal"]
-        self.ends = [self.pieces[n] for n in (("topButton", "bottomButton") if vertical else ("leftButton", "rightButton"))]
+    def __init__(self, widget, vertical):
+        super().__init__(widget)
+        names = ("verticalBackground", "verticalButton", "topButton", "bottomButton") if vertical else \
+            ("horizontalBackground", "horizontalButton", "leftButton", "rightButton")
+        self.bar, knob, *self.ends = [WIDGETS["slider"][name] for name in names]
+        self.vertical, self.knob = vertical, knob["normal"]
 
     def content(self):
-        along, lengths = ("height", rows) if self.vertical else ("width", columns)
-        first, _, last = lengths(self.bar)
-        length = first + last + 2 * self.knob[along] + sum(end["normal"][along] for end in self.ends)
+        along, first, last = ("height", "top", "bottom") if self.vertical else ("width", "left", "right")
+        length = self.bar[first] + self.bar[last] + 2 * self.knob[along] + sum(end["normal"][along] for end in self.ends)
         return (self.bar["width"], length) if self.vertical else (length, self.bar["height"])
 
-    def draw(self, painter, clip, hovered=(False, False)):
-        first, second = [end["hover" if hover else "normal"] for end, hover in zip(self.ends, hovered)]
+    def draw(self, painter, clip):
+        first, second = [end["normal"] for end in self.ends]
         length = self.height if self.vertical else self.width
+        track = length - first["width"] - second["width"] - self.knob["height" if self.vertical else "width"]
+        offset = first["width"] + int(numpy.float32(self.percent) * numpy.float32(track))
+        moved = lambda by: (self.x, self.y + by) if self.vertical else (self.x + by, self.y)
         painter.bar(self.bar, self.x, self.y, length, self.vertical, clip)
         painter.piece(first, self.x, self.y, clip)
-        end = (0, self.height - second["height"]) if self.vertical else (self.width - second["width"], 0)
-        painter.piece(second, self.x + end[0], self.y + end[1], clip)
-        track = length - sum(e["normal"]["width"] for e in self.ends) - self.knob["height" if self.vertical else "width"]
-        offset = self.ends[0]["normal"]["width"] + int(numpy.float32(self.widget.percent) * numpy.float32(track))
-        x, y = (self.x, self.y + offset) if self.vertical else (self.x + offset, self.y)
-        painter.piece(self.knob, x, y, painter.all())
+        painter.piece(second, *moved(length - second["height" if self.vertical else "width"]), clip)
+        painter.piece(self.knob, *moved(offset), painter.all)
