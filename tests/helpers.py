@@ -1,4 +1,4 @@
-"""Access to SDL beside the module, to play the part of the user and his devices."""
+"""What several tests share, above all SDL beside the module, to play the part of the user and his devices."""
 import contextlib
 import ctypes
 import io
@@ -7,6 +7,7 @@ import struct
 import subprocess
 import sys
 
+import pytest
 import zelvarine
 
 # Looked up through the module: this is the very SDL that it runs on.
@@ -15,6 +16,9 @@ sdl.SDL_GetKeyboardState.restype = ctypes.POINTER(ctypes.c_uint8)
 sdl.SDL_GetKeyName.restype = ctypes.c_char_p
 for function in ("SDL_JoystickFromInstanceID", "SDL_GetWindowFromID"):
     getattr(sdl, function).restype = ctypes.c_void_p
+
+DEJAVU = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
+needsFont = pytest.mark.skipif(not os.path.exists(DEJAVU), reason="needs Debian's package fonts-dejavu-core")
 
 LEFT_CTRL, LEFT_SHIFT, LEFT_ALT, RIGHT_CTRL = 224, 225, 226, 228  # scancodes
 
@@ -123,3 +127,19 @@ def runScript(code, **environment):
     environment = dict(os.environ, PYTHONPATH=os.pathsep.join(path), **environment)
     return subprocess.run([sys.executable, "-c", code], env=environment, timeout=60,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, universal_newlines=True)
+
+
+def cells(level):
+    """The grid of a level as its file holds it."""
+    return bytes(level.getTextureIndex(part, x, y)
+                 for y in range(level.height) for x in range(level.width) for part in range(7))
+
+
+def fog(level):
+    return level.fogColor, level.fogDensity, level.groundFogColor, level.groundFogDensity
+
+
+def playback(component):
+    """What a sprite component has from its animation."""
+    return (component._currentMinFrame, component._currentMaxFrame, component._currentDirections,
+            component._animationSpeed)

@@ -6,19 +6,14 @@ from zelvarine import (AbstractSystem, CollisionComponent, DummyComponent, Ecs, 
                        RotationComponent, SpriteComponent, Vector2, VelocityComponent, component)
 
 
-class Position(PositionComponent):
-    pass
-
-
-@pytest.mark.parametrize("bad", [True, 1.0, "1", None, type("Id", (int,), {})(3)])
-def test_an_id_is_exactly_an_int(bad):
-    with pytest.raises(ValueError, match="^Entity ID must be int$"):
-        Entity(bad)
-    assert (Entity(5).id, Entity().id, Entity(id=-7).id) == (5, -1, -7)
+def test_an_id_is_exactly_an_int():
+    for bad in (True, 1.0, None, type("Id", (int,), {})(3)):
+        with pytest.raises(ValueError, match="^Entity ID must be int$"):
+            Entity(bad)
 
 
 def test_one_component_of_each_exact_type():
-    first, second, derived = PositionComponent(), PositionComponent(), Position()
+    first, second, derived = PositionComponent(), PositionComponent(), type("Derived", (PositionComponent,), {})()
     entity = Entity(-1, first, second, derived)
     view = entity.getComponents()
     assert list(view) == [second, derived]
@@ -31,24 +26,18 @@ def test_one_component_of_each_exact_type():
 
 
 def test_an_entity_gets_its_identity_as_id_and_keeps_it():
-    ecs, entity, named = Ecs(None), Entity(), Entity(5)
+    ecs, entity, named, placed = Ecs(None), Entity(), Entity(id=-7), Entity(5, PositionComponent())
     for added in (entity, named, entity):
         ecs.addEntity(added)
-    assert (entity.id, named.id, ecs.getEntities()) == (id(entity), 5, [entity, named])
-    ecs.removeEntity(entity)
-    ecs.removeEntity(entity)
+    assert (entity.id, named.id, ecs.getEntities()) == (id(entity), -7, [entity, named])
+    for _ in range(2):
+        ecs.removeEntity(entity)
     assert (entity.id, entity._ecs, named._ecs) == (id(entity), None, ecs)
-    assert (ecs.getEntityById(5), ecs.getEntityById(6)) == (named, None)
+    found = ecs.getEntities(PositionComponent)  # lazy
+    ecs.getEntities().append(placed)  # live
+    assert (list(found), list(found), ecs.getEntityById(5), ecs.getEntityById(6)) == ([placed], [], placed, None)
     ecs.removeAllEntities()
     assert ecs.getEntities() == [] and named._ecs is None
-
-
-def test_getEntities_is_live_without_types_and_lazy_with_them():
-    ecs, placed = Ecs(None), Entity(2, PositionComponent())
-    ecs.getEntities().append(Entity(1))
-    found = ecs.getEntities(PositionComponent)
-    ecs.addEntity(placed)
-    assert (list(found), list(found)) == ([placed], [])
 
 
 def test_membership_follows_entities_components_and_systems():
@@ -73,11 +62,7 @@ def test_what_a_system_is_told_and_when():
     calls = []
 
     class System(AbstractSystem):
-        def _setEcs(self, ecs):
-            calls.append("ecs")
-
-        def _setEngine(self, engine):
-            calls.append("engine")
+        _setEcs = _setEngine = lambda self, value: calls.append(value)
 
         def _interestedIn(self, entity):
             calls.append((entity.id, entity._ecs, list(ecs.getEntities())))
@@ -85,9 +70,9 @@ def test_what_a_system_is_told_and_when():
     ecs, entity, system = Ecs(None), Entity(), System()
     ecs.addSystem(system)
     ecs.addEntity(entity)
-    assert calls == ["ecs", "engine", (id(entity), None, [])]
+    assert calls == [ecs, None, (id(entity), None, [])]
     ecs.addSystem(system)
-    assert calls[3:] == ["ecs", "engine", (id(entity), ecs, [entity])] and ecs.getSystems() == [system]
+    assert calls[3:] == [ecs, None, (id(entity), ecs, [entity])] and ecs.getSystems() == [system]
 
 
 def test_update_walks_copies_and_stops_at_an_exception():
@@ -101,51 +86,30 @@ def test_update_walks_copies_and_stops_at_an_exception():
 
     class Last(AbstractSystem):
         def update(self, timeStep):
-            calls.append("last")
             ecs.addSystem(System())
             raise KeyError(timeStep)
 
-    ecs, first, second, system, last = Ecs(None), Entity(1), Entity(2), System(), Last()
-    for part in (system, last, System()):
-        ecs.addSystem(part)
+    ecs, first, second, last = Ecs(None), Entity(1), Entity(2), Last()
+    for system in (System(), last, System()):
+        ecs.addSystem(system)
     ecs.addEntity(first)
     ecs.addEntity(second)
     with pytest.raises(KeyError):
         ecs.update(0.5)
-    assert calls == [(first, 0.5), (second, 0.5), "last"]
-    assert system.entities == [] and len(ecs.getSystems()) == 3
+    assert calls == [(first, 0.5), (second, 0.5)] and len(ecs.getSystems()) == 3
 
 
 # ---- basic components
 
 def test_defaults_and_what_is_shared():
-    velocity, rotation, first, second = VelocityComponent(), RotationComponent(), CollisionComponent(), CollisionComponent(1)
-    assert (velocity.x, velocity.y, velocity.friction, velocity.impulse.x, rotation.dir.x, rotation.dir.y) == (0, 0, 2, 0, 1, 0)
+    velocity, rotation = VelocityComponent(), RotationComponent()
+    assert (velocity.x, velocity.y, velocity.friction, velocity.impulse.x) == (0, 0, 2, 0)
+    assert (rotation.dir.x, rotation.dir.y) == (1, 0)
+    first, second = CollisionComponent(), CollisionComponent(1)
     assert (first.radius, first.isOnlyTrigger, first.hasFlags, first.ignoreFlags) == (0.25, False, [], [])
     assert first.hasFlags is second.hasFlags and first.hasFlags is not first.ignoreFlags
     pos = Vector2(1, 2)
     assert PositionComponent(pos).pos is pos
-
-
-def test_fields_refuse_other_types_and_missing_vectors_raise():
-    position, collision = PositionComponent(), CollisionComponent()
-    for target, name in ((position, "pos"), (position, "_pos"), (collision, "hasFlags"), (collision, "_ignoreFlags")):
-        with pytest.raises(TypeError):
-            setattr(target, name, (1, 2))
-        setattr(target, name, None)
-    for broken in (position, PositionComponent.__new__(PositionComponent)):
-        with pytest.raises(AttributeError):
-            broken.loadFromDict(None, {"x": 1, "y": 2})
-
-
-@pytest.mark.parametrize("cls, full", [
-    (PositionComponent, {"x": 1.5, "y": -2.0}), (RotationComponent, {"x": 0.0, "y": 1.0}),
-    (VelocityComponent, {"x": 1.0, "y": 2.0, "friction": 0.5, "impulse": {"x": 3.0, "y": 4.0}}),
-    (CollisionComponent, {"radius": 2.0, "isOnlyTrigger": True, "hasFlags": ["a"], "ignoreFlags": ["b"]})])
-def test_dict_forms_there_and_back(cls, full):
-    loaded = cls()
-    loaded.loadFromDict(None, full)
-    assert list(loaded.dumpToDict(None).items()) == list(full.items())
 
 
 def test_missing_and_bad_keys():
@@ -169,7 +133,8 @@ def test_the_table_at_start():
     classes = [SpriteComponent, PositionComponent, RotationComponent, CollisionComponent, VelocityComponent]
     words = ["sprite", "position", "rotation", "collision", "velocity"]
     assert list(zelvarine._COMPONENTS.items())[:10] == list(zip(words + classes, classes + words))
-    assert DummyComponent.__doc__ == "This component type is used for component types\n    in a level that can't be mapped.\n    "
+    assert DummyComponent.__doc__ == ("This component type is used for component types\n"
+                                      "    in a level that can't be mapped.\n    ")
 
 
 def test_registering_a_class(monkeypatch):
@@ -179,8 +144,6 @@ def test_registering_a_class(monkeypatch):
     component("inventory")(new)
     assert zelvarine._COMPONENTS == {"inventory": new, new: "inventory", old: "inventory"}
     for name, cls, words in ((5, "no class", "component name must be a string"),
-                             (type("Name", (str,), {})("x"), Position, "component name must be a string"),
-                             ("x", "no class", "component type must be a class"),
                              ("x", type("Meta", (type,), {})("Made", (), {}), "component type must be a class")):
         decorator = component(name)
         with pytest.raises(TypeError, match="^" + words + "$"):
