@@ -2,8 +2,8 @@
 
 import pytest
 import zelvarine
-from zelvarine import (AbstractSystem, CollisionComponent, DummyComponent, Ecs, Entity, PositionComponent,
-                       RotationComponent, SpriteComponent, Vector2, VelocityComponent, component)
+from zelvarine import (AbstractSystem, CollisionComponent, Ecs, Entity, PositionComponent, RotationComponent, Vector2,
+                       VelocityComponent, component)
 
 
 def test_an_id_is_exactly_an_int():
@@ -128,14 +128,6 @@ def test_missing_and_bad_keys():
 
 
 # ---- the table of names
-
-def test_the_table_at_start():
-    classes = [SpriteComponent, PositionComponent, RotationComponent, CollisionComponent, VelocityComponent]
-    words = ["sprite", "position", "rotation", "collision", "velocity"]
-    assert list(zelvarine._COMPONENTS.items())[:10] == list(zip(words + classes, classes + words))
-    assert DummyComponent.__doc__ == ("This component type is used for component types\n"
-                                      "    in a level that can't be mapped.\n    ")
-
 
 def test_registering_a_class(monkeypatch):
     monkeypatch.setattr(zelvarine, "_COMPONENTS", {})
