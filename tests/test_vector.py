@@ -33,6 +33,16 @@ def test_one_value_under_two_names():
     assert xy(v) == (3.0, -4.0)
 
 
+def test_arguments_outlive_the_dict_that_they_came_from():
+    class Emptying:
+        def __float__(self):
+            keywords.clear()
+            return 1.0
+
+    keywords = {"x": Emptying(), "y": float("12.25")}
+    assert xy(Vector2(**keywords)) == (1.0, 12.25)
+
+
 @pytest.mark.parametrize("operation, arguments, expected", [
     ("set", (Own(7, 8),), (7, 8)), ("add", (Vector2(0.5, -1),), (3.5, 3)), ("sub", (Vector2(0.5, -1),), (2.5, 5)),
     ("scale", (True,), (3, 4)), ("scale", (Fraction(1, 3),), (3.0 * Fraction(1, 3), 4.0 * Fraction(1, 3))),

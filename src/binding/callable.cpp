@@ -4,24 +4,24 @@
 
 namespace zv {
 
-static void bindKeyword(const Signature& s, PyObject** slots, size_t count, PyObject* key, PyObject* value) {
+static void bindKeyword(const Signature& s, Ref<>* slots, size_t count, PyObject* key, PyObject* value) {
     const char* function = s.name.text;
     for (size_t i = 0; i < count; i++) {
         if (!PyUnicode_Check(key) || PyUnicode_CompareWithASCIIString(key, s.params[i].name) != 0) continue;
         if (slots[i]) raise(PyExc_TypeError, "%s() got multiple values for argument '%s'", function, s.params[i].name);
-        slots[i] = value;
+        slots[i] = Ref<>::borrow(value);
         return;
     }
     raise(PyExc_TypeError, "%s() got an unexpected keyword argument '%S'", function, key);
 }
 
-void bindArguments(const Signature& s, PyObject** slots, size_t count, bool hasRest,
+void bindArguments(const Signature& s, Ref<>* slots, size_t count, bool hasRest,
                    PyObject* const* argv, Py_ssize_t given, PyObject* kwnames, PyObject* kwdict) {
     const char* function = s.name.text;
     size_t positional = static_cast<size_t>(given);
     if (positional > count && !hasRest)
         raise(PyExc_TypeError, "%s() takes at most %zu positional argument%s (%zd given)", function, count, count == 1 ? "" : "s", given);
-    std::copy_n(argv, std::min(positional, count), slots);
+    for (size_t i = 0; i < std::min(positional, count); i++) slots[i] = Ref<>::borrow(argv[i]);
     for (Py_ssize_t i = 0; kwnames && i < PyTuple_GET_SIZE(kwnames); i++)
         bindKeyword(s, slots, count, PyTuple_GET_ITEM(kwnames, i), argv[given + i]);
     Py_ssize_t position = 0;

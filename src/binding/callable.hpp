@@ -26,8 +26,9 @@ template <class R, class C, class... A> struct Callable<R (C::*)(A...)> : Callab
 };
 template <class R, class C, class... A> struct Callable<R (C::*)(A...) const> : Callable<R (C::*)(A...)> {};
 
-// Sorts positional and keyword arguments into one slot per parameter; empty slots take the fallback.
-void bindArguments(const Signature&, PyObject** slots, size_t count, bool hasRest,
+// Sorts positional and keyword arguments into one slot per parameter; empty slots take the fallback. The slots
+// own their arguments: before Python 3.9, f(**d) lends those of `d`, and converting one of them may empty `d`.
+void bindArguments(const Signature&, Ref<>* slots, size_t count, bool hasRest,
                    PyObject* const* argv, Py_ssize_t given, PyObject* kwnames, PyObject* kwdict);
 
 // What docs say of the parameters and the result, and the line that inspect.signature() reads.
@@ -54,12 +55,9 @@ struct Documented {
 template <auto F> PyObject* invoke(PyObject* self, PyObject* const* argv, Py_ssize_t given,
                                    PyObject* kwnames, PyObject* kwdict = nullptr) {
     using S = Callable<decltype(F)>;
-    std::array<PyObject*, S::named + 1> slots{};
-    PyObject* const* arguments = argv;
-    if (kwnames || kwdict || given != static_cast<Py_ssize_t>(S::named)) {
-        bindArguments(signatureOf<F>, slots.data(), S::named, S::hasRest, argv, given, kwnames, kwdict);
-        arguments = slots.data();
-    }
+    std::array<Ref<>, S::named + 1> slots;
+    bool bound = kwnames || kwdict || given != static_cast<Py_ssize_t>(S::named);
+    if (bound) bindArguments(signatureOf<F>, slots.data(), S::named, S::hasRest, argv, given, kwnames, kwdict);
     return [&]<size_t... I>(std::index_sequence<I...>) -> PyObject* {
         const auto& params = signatureOf<F>.params;
         [[maybe_unused]] auto one = [&]<size_t i>(std::integral_constant<size_t, i>) -> std::tuple_element_t<i, typename S::Args> {
@@ -67,7 +65,7 @@ template <auto F> PyObject* invoke(PyObject* self, PyObject* const* argv, Py_ssi
             if constexpr (std::is_same_v<T, Rest>) {
                 Py_ssize_t taken = std::min<Py_ssize_t>(given, S::named);
                 return Rest{argv + taken, given - taken};
-            } else return fromArgument<T>(arguments[i], params[i]);
+            } else return fromArgument<T>(bound ? slots[i].raw() : argv[i], params[i]);
         };
         // Braces convert from left to right, so the first bad argument is the one reported.
         [[maybe_unused]] typename S::Args values{one(std::integral_constant<size_t, I>{})...};
