@@ -100,6 +100,20 @@ def test_hostile_fog(density, tmp_path):
     survive(world)
 
 
+@reports
+def test_constructor_called_again_in_the_middle_of_a_frame(tmp_path):
+    world = populated(tmp_path)
+
+    class Shrinker(zelvarine.Engine):
+        def getTimeStep(self):
+            world.renderer.__init__(zelvarine.Texture(1, 1), world.level)
+            return 0.1
+
+    world.renderer._engine = Shrinker()
+    survive(world)
+    assert world.renderer.getTarget().getSize() == (1, 1)
+
+
 class Liar(zelvarine.Texture):
     answer = None
 

@@ -33,7 +33,8 @@ static int64_t frameNumber(const SpriteComponent& sprite, const SpriteAnimation&
     int64_t step = std::max(truncate(sprite.animationPercentage * animation.frameCount), 0);
     int64_t base = step * sprite.currentDirections + sprite.currentMinFrame;
     int directions = animation.directions;
-    return base + truncate(directions * (sprite.angleToCam + 1.0 / (2.0 * directions))) % directions;
+    int view = truncate(directions * (sprite.angleToCam + 1.0 / (2.0 * directions))) % directions;
+    return std::clamp<int64_t>(base + view, INT_MIN, INT_MAX);
 }
 
 // Scripts may make sheets and animations of any numbers; what has no frame is not drawn.
@@ -79,7 +80,7 @@ void RaycastingRenderer::drawEntity(PyObject* entity, const View& view, const Ro
     if (!(place.x > 0)) return;  // behind the camera
     double halfHeight = std::trunc(view.scale() / place.x);
     if (halfHeight == 0) raise(PyExc_ZeroDivisionError, "float division");
-    if (!canBeDrawn(*component)) return;
+    if (!canBeDrawn(*component) || !holds(view)) return;
     SpriteFrame frame = frameOf(*component, fog.at(component->dist), fog.groundAt(component->dist));
     drawSprite(frame, fog, view, columns, place, halfHeight, target->image());
 }

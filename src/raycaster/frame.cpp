@@ -67,6 +67,12 @@ View RaycastingRenderer::viewOf(int horizon, int width, int height) const {
     return {camera->pos->point(), camera->dir->point(), camera->fov, camera->ratio, horizon, width, height};
 }
 
+// A script that runs during a frame may call the constructor again, with a smaller target.
+bool RaycastingRenderer::holds(const View& view) const {
+    Image image = target->image();
+    return view.width <= image.width && view.height <= image.height && static_cast<size_t>(std::max(view.width, 0)) <= columns.hits.size();
+}
+
 Fog fogOf(const Level& level) {
     return {level.fogDensity, level.groundFogDensity, level.fogColor.word(), level.groundFogColor.word()};
 }
@@ -94,6 +100,7 @@ void RaycastingRenderer::renderWalls(int horizon, int width, int height) {
     unraisable(where, [&] {
         if (width > 0) {
             View view = viewOf(horizon, width, height);
+            if (!holds(view)) return;
             Scene scene = sceneOf(*level);
             Image image = target->image();
             traceColumns(scene.grid, view, columns);

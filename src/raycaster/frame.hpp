@@ -34,6 +34,7 @@ private:
     Columns columns;  // of the last frame; the depth buffer of sprites and queries
 
     View viewOf(int horizon, int width, int height) const;
+    bool holds(const View& view) const;
     void drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, const Fog& fog);
     void sortByDistance();
     Ref<> cellOrPoint(int x, int y, bool cell);

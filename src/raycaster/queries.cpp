@@ -30,6 +30,7 @@ static bool squareCovers(Point place, double scale, double horizon, int width, i
 Ref<> RaycastingRenderer::getEntityAtScreenCoords(int x, int y) {
     auto [width, height] = call<&Texture::getSize>(*target);
     if (x < 0 || static_cast<size_t>(x) >= columns.hits.size()) return {};
+    RayHit wall = columns.hits[static_cast<size_t>(x)];
     double horizon = 0.5 * height + camera->pitch, scale = scaleOf(height, *camera);
     Point cameraPos = camera->pos->point();
     Rotation viewRot = viewRotation(camera->dir->point());
@@ -39,7 +40,6 @@ Ref<> RaycastingRenderer::getEntityAtScreenCoords(int x, int y) {
         componentOf<SpriteComponent>(entity)->dist = length(cameraPos - position->pos->point());
     });
     sortByDistance();
-    RayHit wall = columns.hits[static_cast<size_t>(x)];
     Ref<> result;
     forEach(members.raw(), [&](PyObject* entity) {
         Point place = viewRot(componentOf<PositionComponent>(entity)->pos->point() - cameraPos);
