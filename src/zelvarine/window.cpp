@@ -20,6 +20,7 @@ void Engine::openWindow(const char* title, int width, int height, uint32_t flags
 }
 
 void Engine::createRenderer(int width, int height) {
+    stream.reset();  // an override of setWindowIcon may have called init by itself
     renderer.reset(SDL_CreateRenderer(window.get(), -1, SDL_RENDERER_SOFTWARE));
     if (!renderer) raiseSdl("Could not initialize the rendering subsystem");
     stream.reset(SDL_CreateTexture(renderer.get(), SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING, width, height));
