@@ -106,7 +106,7 @@ static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
     view->obj = nullptr;
     return guarded(-1, [&] {
         Image image = native<Texture>(self)->image();
-        if ((flags & PyBUF_ANY_CONTIGUOUS) == PyBUF_F_CONTIGUOUS) raise(PyExc_BufferError, "the rows of a texture lie one after the other");
+        if ((flags & PyBUF_F_CONTIGUOUS) == PyBUF_F_CONTIGUOUS) raise(PyExc_BufferError, "the rows of a texture lie one after the other");
         static uint32_t nothing;
         static char format[] = "I";
         auto* shape = new Py_ssize_t[4]{image.height, image.width, image.width * Py_ssize_t{4}, 4};
