@@ -5,7 +5,8 @@
 namespace zv {
 
 static constexpr const char* loadDoc =
-    "Fills the component from a dict, as level files hold it. `level` is the level that is being loaded.";
+    "Fills the component from a dict, as level files hold it. `level` is the level that is being loaded.\n"
+    "Raises KeyError for a required key that is missing, TypeError for a value of a wrong type.";
 static constexpr const char* dumpDoc =
     "The component as a dict, as level files hold it. `level` is the level that is being saved.\n@return(dict)";
 
@@ -17,11 +18,11 @@ static Point pointOf(PyObject* dict) {
     return {x, y};
 }
 
-static DictBuilder dictOf(const Vector2& v) { return DictBuilder().set("x", v.x).set("y", v.y); }
+static DictBuilder dictOf(Point p) { return DictBuilder().set("x", p.x).set("y", p.y); }
 
 void PositionComponent::init(Ref<Vector2> newPos) { pos = orElse(std::move(newPos), {0, 0}); }
 void PositionComponent::loadFromDict(PyObject*, PyObject* input) { Point p = pointOf(input); pos->assign(p); }
-Ref<> PositionComponent::dumpToDict(PyObject*) const { return dictOf(*pos).done(); }
+Ref<> PositionComponent::dumpToDict(PyObject*) const { return dictOf(pos->point()).done(); }
 
 void VelocityComponent::init(Ref<Vector2> newVelocity, Ref<Vector2> newImpulse, double newFriction) {
     velocity = orElse(std::move(newVelocity), {0, 0});
@@ -41,15 +42,15 @@ void VelocityComponent::loadFromDict(PyObject*, PyObject* input) {
 }
 
 Ref<> VelocityComponent::dumpToDict(PyObject*) const {
-    DictBuilder dict = dictOf(*velocity);
+    DictBuilder dict = dictOf(velocity->point());
     dict.set("friction", friction);
-    if (impulse->x != 0 && impulse->y != 0) dict.set("impulse", dictOf(*impulse).done());
+    if (impulse->x != 0 && impulse->y != 0) dict.set("impulse", dictOf(impulse->point()).done());
     return dict.done();
 }
 
 void RotationComponent::init(Ref<Vector2> newDir) { dir = orElse(std::move(newDir), {1, 0}); }
 void RotationComponent::loadFromDict(PyObject*, PyObject* input) { Point p = pointOf(input); dir->assign(p); }
-Ref<> RotationComponent::dumpToDict(PyObject*) const { return dictOf(*dir).done(); }
+Ref<> RotationComponent::dumpToDict(PyObject*) const { return dictOf(dir->point()).done(); }
 
 // The default lists are two objects for the whole process: a change to one reaches every component
 // that was made without that argument.

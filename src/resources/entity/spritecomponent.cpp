@@ -49,7 +49,8 @@ void SpriteComponent::setCurrentAnimation(Ref<SpriteAnimation> animation) {
 
 Ref<> SpriteComponent::getCurrentAnimationKey() const {
     Ref<SpriteAnimation> current = currentAnimation;
-    Ref<> items = Ref<>::steal(PyDict_Items(sprite->animations.raw()));
+    Ref<Dict> animations = sprite->animations;
+    Ref<> items = Ref<>::steal(PyDict_Items(animations.raw()));
     for (Py_ssize_t i = 0; i < PyList_GET_SIZE(items.raw()); i++) {
         PyObject* pair = PyList_GET_ITEM(items.raw(), i);
         if (checked(PyObject_RichCompareBool(PyTuple_GET_ITEM(pair, 1), current.orNone(), Py_EQ)))
@@ -123,7 +124,8 @@ void declareSpriteComponent(Module& module) {
         .property<&SpriteComponent::angleToCam>("_angleToCam", "which side faces the camera, in turns, written by the renderer in each frame, float")
         .method<&SpriteComponent::loadFromDict>("loadFromDict", {{"level"}, {"input"}},
             "Fills the component from a dict, as level files hold it. `level` is the level that is being loaded;\n"
-            "'sprite' is an index into its sprites.")
+            "'sprite' is an index into its sprites: IndexError if there is none such, KeyError without that key or\n"
+            "for an animation that the sprite has not.")
         .method<&SpriteComponent::dumpToDict>("dumpToDict", {{"level"}},
             "The component as a dict, as level files hold it. `level` is the level that is being saved;\n"
             "ValueError if it does not hold the sprite.\n@return(dict)")
