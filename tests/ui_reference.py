@@ -89,8 +89,8 @@ class Stage:
 
 
 class Painter:
-    def __init__(self, color=BACKGROUND):
-        self.pixels, self.all = numpy.full((120, 160), color, "uint32"), (0, 0, 160, 120)
+    def __init__(self):
+        self.pixels, self.all = numpy.full((120, 160), BACKGROUND, "uint32"), (0, 0, 160, 120)
 
     def stretch(self, source, x, y, width, height, clip):
         """Each pixel shows the source pixel under its centre, in steps of 1/65536 of a source pixel."""
@@ -101,9 +101,6 @@ class Painter:
             x0, y0 = max(x, clip[0], 0), max(y, clip[1], 0)
             x1, y1 = max(x0, min(x + width, clip[0] + clip[2], 160)), max(y0, min(y + height, clip[1] + clip[3], 120))
             self.pixels[y0:y1, x0:x1] = picture[y0 - y:y1 - y, x0 - x:x1 - x]
-
-    def fill(self, x, y, width, height, color, clip):
-        self.stretch(numpy.array([[color]], "uint32"), x, y, width, height, clip)
 
     def piece(self, piece, x, y, clip):
         part = TILES[piece["y"]:piece["y"] + piece["height"], piece["x"]:piece["x"] + piece["width"]]
@@ -194,7 +191,7 @@ class Node:
 
 class Picture(Node):
     def draw(self, painter, clip):
-        painter.fill(*self.rect(), int(numpy.asarray(self.texture)[0, 0]), clip)
+        painter.stretch(numpy.asarray(self.texture), *self.rect(), clip)
 
 
 class Label(Node):
@@ -203,7 +200,8 @@ class Label(Node):
 
     def draw(self, painter, clip):
         lines = self.text.splitlines()
-        painter.fill(self.x, self.y, 10 * max(map(len, lines), default=0), 12 * len(lines), word(self.color), clip)
+        block = numpy.array([[word(self.color)]], "uint32")
+        painter.stretch(block, self.x, self.y, 10 * max(map(len, lines), default=0), 12 * len(lines), clip)
 
 
 class List(Node):
