@@ -12,6 +12,14 @@ CMAKE_OPTIONS = -DZELVARINE_WERROR=ON
 JOBS = $(shell nproc 2>/dev/null || echo 2)
 RUN = PYTHONPATH="$(abspath $(BUILD))" $(PYTHON)
 HEADLESS = SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy
+# The interpreter itself is built without sanitizers: their runtime, and what they intercept, come in front of it.
+# Stacks of allocations are exact, but short: enough to tell who asked for the memory.
+SANITIZED = PYTHONMALLOC=malloc LD_PRELOAD="$(foreach library,libasan libstdc++,$(shell g++ -print-file-name=$(library).so))" \
+	ASAN_OPTIONS=leak_check_at_exit=0:fast_unwind_on_malloc=0:malloc_context_size=10 UBSAN_OPTIONS=print_stacktrace=1
+
+SOURCES := $(shell find src -name '*.cpp')
+HEADERS := $(shell find src -name '*.hpp')
+PYTHON_FOLDERS := $(wildcard bench examples scripts tests)
 
 # The folder that holds the interpreter's own installation, and the one that holds its packages. Debian's
 # interpreter, and it alone, works with headers and packages from Debian; where there is none yet, Debian's is coming.
@@ -48,6 +56,29 @@ test: build test-packages ## run the tests, without a window or sound
 bench: build test-packages ## time frames and movement
 	$(HEADLESS) $(RUN) bench/bench.py $(ARGS)
 
+lint: build lint-packages stubs ## check layers, C++ and Python sources, and stubs
+	scripts/check_layers.py
+	$(PYTHON) -m compileall -q $(PYTHON_FOLDERS)
+	clang-format --dry-run --Werror $(SOURCES) $(HEADERS)
+	@$(MAKE) --no-print-directory --jobs=$(JOBS) $(SOURCES:src/%.cpp=$(BUILD)/tidy/%)
+
+# One empty file for each source that clang-tidy has found nothing in.
+$(BUILD)/tidy/%: src/%.cpp $(HEADERS) .clang-tidy
+	clang-tidy --quiet -p "$(BUILD)" $<
+	@mkdir -p $(@D) && touch $@
+
+format: lint-packages ## lay out the C++ sources
+	clang-format -i $(SOURCES) $(HEADERS)
+
+asan: test-packages ## run the tests under the address and undefined-behaviour sanitizers, then look for leaks
+	@$(MAKE) --no-print-directory build BUILD=build-asan CMAKE_OPTIONS="$(CMAKE_OPTIONS) -DZELVARINE_SANITIZE=ON"
+	PYTHONPATH=build-asan $(HEADLESS) $(SANITIZED) $(PYTHON) scripts/check_leaks.py -q --capture=sys tests $(ARGS)
+
+stubs: build test-packages ## check that the type stubs and the module agree
+	$(HEADLESS) $(RUN) -m pytest -q tests/test_stubs.py
+
+all: build lint test asan ## everything above that can fail
+
 build-packages:
 	@$(PACKAGES) g++ cmake libsdl2-dev libsdl2-image-dev libsdl2-mixer-dev libsdl2-ttf-dev $(if $(HAS_DEBIAN_HEADERS),python3-dev)
 
@@ -57,3 +88,6 @@ demo-packages:
 test-packages:
 	@$(PACKAGES) fonts-dejavu-core xvfb xdotool $(if $(HAS_DEBIAN_MODULES),python3-pytest python3-numpy)
 	@$(PYTHON) -c 'import pytest, numpy' || { echo "The tests need two packages: $(PYTHON) -m pip install pytest numpy" >&2; exit 1; }
+
+lint-packages:
+	@$(PACKAGES) clang-format clang-tidy

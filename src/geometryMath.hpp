@@ -6,9 +6,6 @@
 
 namespace zv {
 
-inline constexpr double degreesToRadians = 0.017453292519943295;
-inline constexpr double radiansToDegrees = 57.29577951308232;
-
 struct Vector2 : Object {
     double x = 0, y = 0;
 

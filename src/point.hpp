@@ -1,8 +1,11 @@
-// A pair of doubles for the plain core, which knows no Python object.
+// Points and angles for the plain core, which knows no Python object.
 #pragma once
 #include <cmath>
 
 namespace zv {
+
+inline constexpr double degreesToRadians = 0.017453292519943295;
+inline constexpr double radiansToDegrees = 57.29577951308232;
 
 struct Point {
     double x = 0, y = 0;

@@ -1,6 +1,5 @@
 #include "raycaster/sprites.hpp"
 
-#include "geometryMath.hpp"
 #include "raycaster/blend.hpp"
 
 namespace zv {

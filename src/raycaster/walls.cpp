@@ -1,6 +1,5 @@
 #include "raycaster/walls.hpp"
 
-#include "geometryMath.hpp"
 #include "raycaster/blend.hpp"
 
 namespace zv {
