@@ -6,6 +6,7 @@ import os
 import struct
 import subprocess
 import sys
+from unittest import mock
 
 import pytest
 import zelvarine
@@ -75,16 +76,10 @@ def heldKeys(*scancodes):
 @contextlib.contextmanager
 def unraisableReports():
     """A file that holds what is reported of exceptions which could not be passed on."""
-    hook, stderr = getattr(sys, "unraisablehook", None), sys.stderr
-    sys.stderr = io.StringIO()
-    if hook:  # pytest's own; Python 3.7 has none
-        sys.unraisablehook = sys.__unraisablehook__
-    try:
-        yield sys.stderr
-    finally:
-        sys.stderr = stderr
-        if hook:
-            sys.unraisablehook = hook
+    hook = getattr(sys, "__unraisablehook__", None)  # pytest has put in its own; Python 3.7 has none
+    reports = io.StringIO()
+    with mock.patch.object(sys, "unraisablehook", hook, create=True), contextlib.redirect_stderr(reports):
+        yield reports
 
 
 class VirtualJoystick:
@@ -92,33 +87,30 @@ class VirtualJoystick:
 
     def __init__(self, axes, buttons):
         gameController = 1
-        self._index = sdl.SDL_JoystickAttachVirtual(gameController, axes, buttons, 0)
-        assert self._index >= 0
-        self._id = sdl.SDL_JoystickGetDeviceInstanceID(self._index)
+        index = sdl.SDL_JoystickAttachVirtual(gameController, axes, buttons, 0)
+        assert index >= 0
+        self._id = sdl.SDL_JoystickGetDeviceInstanceID(index)
 
     def __enter__(self):
         return self
 
     def __exit__(self, *error):
-        if self._id is not None:
-            self.unplug()
+        self.unplug()
 
-    @property
     def _device(self):
         """The device as the engine opened it."""
         return ctypes.c_void_p(sdl.SDL_JoystickFromInstanceID(self._id))
 
     def setAxis(self, axis, value):
-        assert sdl.SDL_JoystickSetVirtualAxis(self._device, axis, ctypes.c_int16(value)) == 0
+        assert sdl.SDL_JoystickSetVirtualAxis(self._device(), axis, ctypes.c_int16(value)) == 0
 
     def setButton(self, button, pressed):
-        assert sdl.SDL_JoystickSetVirtualButton(self._device, button, ctypes.c_uint8(pressed)) == 0
+        assert sdl.SDL_JoystickSetVirtualButton(self._device(), button, ctypes.c_uint8(pressed)) == 0
 
     def unplug(self):
-        indices = range(sdl.SDL_NumJoysticks())
-        index = [i for i in indices if sdl.SDL_JoystickGetDeviceInstanceID(i) == self._id][0]
-        assert sdl.SDL_JoystickDetachVirtual(index) == 0
-        self._id = None
+        for index in range(sdl.SDL_NumJoysticks()):
+            if sdl.SDL_JoystickGetDeviceInstanceID(index) == self._id:
+                sdl.SDL_JoystickDetachVirtual(index)
 
 
 def runScript(code, **environment):

@@ -3,7 +3,7 @@ import pytest
 
 import helpers
 import zelvarine
-from zelvarine import Engine, Event, FullscreenEvent, KeyEvent, MouseClickEvent, MouseWheelEvent
+from zelvarine import Engine, Event, KeyEvent, MouseClickEvent, MouseWheelEvent
 
 
 class OwnEvent(Event):
@@ -17,161 +17,110 @@ def record(engine, eventType):
     return events
 
 
-class TestClasses:
-    @pytest.mark.parametrize("eventType, names, values", [
-        (KeyEvent, "key isCtrlPressed isAltPressed isShiftPressed", (97, True, False, True)),
-        (MouseClickEvent, "x y button", (1, -2, 3)),
-        (MouseWheelEvent, "x y", (-1, 2)),
-        (FullscreenEvent, "oldValue newValue", (False, True)),
-    ])
-    def testFields(self, eventType, names, values):
-        names = names.split()
-        event = eventType(**dict(zip(names, values)))
-        assert isinstance(event, Event) and event.isAlreadyHandled is False
-        assert tuple(getattr(event, name) for name in names) == values
-        for name in names:
-            with pytest.raises(AttributeError):
-                setattr(event, name, values[0])
-        event.isAlreadyHandled = 1
-        assert event.isAlreadyHandled is True
+def test_handlers_of_the_exact_type_are_called_in_order():
+    engine, calls = Engine(), []
+    first, second = lambda event: calls.append((1, event)), lambda event: calls.append((2, event))
+    for handler in (first, second, first):
+        engine.subscribeEvent(OwnEvent, handler)
+    base, event = record(engine, Event), OwnEvent()
+    engine.fireEvent(event)
+    assert calls == [(1, event), (2, event), (1, event)] and base == [] and event.isAlreadyHandled is False
+    engine.fireEvent(event, Event)
+    engine.fireEvent(event, evtType=KeyEvent)
+    assert len(calls) == 3 and base == [event]
+    for eventType, handler in ((OwnEvent, first), (OwnEvent, print), (KeyEvent, first)):
+        engine.unsubscribeEvent(eventType, handler)
+    assert Engine._eventSubscribers == {OwnEvent: [second, first], Event: [base.append]}
 
 
-class TestFiring:
-    def testOrderAndRepetition(self):
-        engine, calls = Engine(), []
-        first, second = lambda event: calls.append(1), lambda event: calls.append(2)
-        for handler in (first, second, first):
-            engine.subscribeEvent(OwnEvent, handler)
+def test_the_list_of_handlers_is_walked_live():
+    engine, calls = Engine(), []
+
+    def leaving(event):
+        calls.append("leaving")
+        engine.unsubscribeEvent(OwnEvent, leaving)
+        engine.subscribeEvent(OwnEvent, lambda event: calls.append("late"))
+
+    engine.subscribeEvent(OwnEvent, leaving)
+    engine.subscribeEvent(OwnEvent, lambda event: calls.append("skipped"))
+    engine.fireEvent(OwnEvent())
+    assert calls == ["leaving", "late"]
+
+
+def test_handler_that_fires_forever():
+    engine = Engine()
+    engine.subscribeEvent(OwnEvent, engine.fireEvent)
+    with pytest.raises(RecursionError):
         engine.fireEvent(OwnEvent())
-        engine.unsubscribeEvent(OwnEvent, first)
-        engine.unsubscribeEvent(OwnEvent, print)
-        engine.unsubscribeEvent(KeyEvent, first)
-        engine.fireEvent(OwnEvent())
-        assert calls == [1, 2, 1, 2, 1] and Engine._eventSubscribers == {OwnEvent: [second, first]}
-
-    def testExactType(self):
-        engine = Engine()
-        base, own = record(engine, Event), record(engine, OwnEvent)
-        event = OwnEvent()
-        engine.fireEvent(event)
-        engine.fireEvent(event, Event)
-        engine.fireEvent(event, evtType=KeyEvent)
-        assert base == own == [event]
-
-    def testTheListIsWalkedLive(self):
-        engine, calls = Engine(), []
-
-        def leaving(event):
-            calls.append("leaving")
-            engine.unsubscribeEvent(OwnEvent, leaving)
-            engine.subscribeEvent(OwnEvent, lambda event: calls.append("late"))
-
-        engine.subscribeEvent(OwnEvent, leaving)
-        engine.subscribeEvent(OwnEvent, lambda event: calls.append("skipped"))
-        engine.fireEvent(OwnEvent())
-        assert calls == ["leaving", "late"]
-
-    def testHandlerThatFiresForever(self):
-        engine = Engine()
-        engine.subscribeEvent(OwnEvent, engine.fireEvent)
-        with pytest.raises(RecursionError):
-            engine.fireEvent(OwnEvent())
 
 
-class TestKeys:
-    @pytest.mark.parametrize("held, expected", [
-        ([], (False, False, False)), ([helpers.LEFT_CTRL], (True, False, False)), ([helpers.RIGHT_CTRL], (True, False, False)),
-        ([helpers.LEFT_ALT, helpers.LEFT_SHIFT], (False, True, True)),
-    ])
-    def testModifiers(self, engine, held, expected):
-        events, others = record(engine, KeyEvent), record(engine, KeyEvent)
-        with helpers.heldKeys(*held):
-            helpers.pushKey(zelvarine.KEY_A)
-            helpers.pushKey(zelvarine.KEY_A, repeat=True)
-            helpers.pushKey(zelvarine.KEY_A, down=False)
-            engine.update()
-        assert [e.key for e in events] == [zelvarine.KEY_A] * 2 and events[0] is others[0]
-        assert (events[0].isCtrlPressed, events[0].isAltPressed, events[0].isShiftPressed) == expected
-
-    @pytest.mark.parametrize("kills", [True, False])
-    def testEscape(self, kills):
-        engine = Engine()
-        engine.init("t", (8, 8), killWithEscapeKey=kills)
-        events = record(engine, KeyEvent)
+@pytest.mark.parametrize("held, expected", [
+    ([helpers.LEFT_CTRL], (True, False, False)), ([helpers.RIGHT_CTRL], (True, False, False)),
+    ([helpers.LEFT_ALT], (False, True, False)), ([helpers.LEFT_SHIFT], (False, False, True)),
+])
+def test_keys_and_modifiers(engine, held, expected):
+    engine.init("t", (8, 8), killWithEscapeKey=False)
+    events, others = record(engine, KeyEvent), record(engine, KeyEvent)
+    with helpers.heldKeys(*held):
+        helpers.pushKey(zelvarine.KEY_A)
+        helpers.pushKey(zelvarine.KEY_A, repeat=True)
+        helpers.pushKey(zelvarine.KEY_A, down=False)
         helpers.pushKey(zelvarine.KEY_ESCAPE)
         engine.update()
-        assert len(events) == 1 and engine.isRunning() is not kills
+    assert [e.key for e in events] == [zelvarine.KEY_A, zelvarine.KEY_A, zelvarine.KEY_ESCAPE] and engine.isRunning()
+    assert events[0] is others[0]  # one event for all handlers
+    assert (events[0].isCtrlPressed, events[0].isAltPressed, events[0].isShiftPressed) == expected
 
-    def testHandlerThatRaises(self, engine):
-        """Ends the input of this frame; the events behind it come in the next one."""
-        engine.subscribeEvent(KeyEvent, lambda event: 1 / 0)
-        rest, clicks, frames = record(engine, KeyEvent), record(engine, MouseClickEvent), []
-        engine.addTask(lambda step, done: frames.append(1))
-        helpers.pushKey(zelvarine.KEY_A)
-        helpers.pushButton(1, 1)
-        with helpers.unraisableReports() as reports:
-            engine.update()
-        assert (rest, clicks, frames) == ([], [], [1])
-        assert "zelvarine.Engine._updateInput" in reports.getvalue() and "ZeroDivisionError" in reports.getvalue()
+
+def test_handler_that_raises(engine):
+    """Ends the input of this frame; the events behind it come in the next one."""
+    engine.subscribeEvent(KeyEvent, lambda event: 1 / 0)
+    rest, clicks, frames = record(engine, KeyEvent), record(engine, MouseClickEvent), []
+    engine.addTask(lambda step, done: frames.append(1))
+    helpers.pushKey(zelvarine.KEY_A)
+    helpers.pushButton(1, 1)
+    with helpers.unraisableReports() as reports:
         engine.update()
-        assert len(clicks) == 1
-
-    def testFiredThroughAnOverride(self):
-        own, fired = type("Own", (Engine,), {"fireEvent": lambda self, evt: fired.append(type(evt))})(), []
-        own.init("t", (8, 8))
-        helpers.pushKey(zelvarine.KEY_A)
-        own.update()
-        own.toggleFullscreen()
-        assert fired == [KeyEvent, FullscreenEvent]
-
-    def testNamesAndState(self):
-        engine = Engine()
-        for key in (zelvarine.KEY_A, zelvarine.KEY_F1, zelvarine.KEY_LCTRL, -1, 2 ** 31 - 1, 0):
-            assert engine.getKeyName(key) == helpers.sdl.SDL_GetKeyName(key).decode("utf-8")
-        assert engine.getKeyName(zelvarine.KEY_UNKNOWN) == ""
-        with helpers.heldKeys(helpers.LEFT_CTRL):
-            state = engine.isKeyPressed(zelvarine.KEY_LCTRL)
-            assert (type(state), state) == (int, 1)
-        assert [engine.isKeyPressed(key) for key in (zelvarine.KEY_LCTRL, -1, 2 ** 31 - 1)] == [0, 0, 0]
+    assert (rest, clicks, frames) == ([], [], [1])
+    assert "zelvarine.Engine._updateInput" in reports.getvalue() and "ZeroDivisionError" in reports.getvalue()
+    engine.update()
+    assert len(clicks) == 1
 
 
-class TestMouse:
-    def testClickIsTheRelease(self, engine):
-        first, second = record(engine, MouseClickEvent), record(engine, MouseClickEvent)
-        helpers.pushButton(5, 6, zelvarine.MOUSE_RIGHT, down=True)
-        helpers.pushButton(5, 6, zelvarine.MOUSE_RIGHT)
+def test_names_and_state_of_keys():
+    engine = Engine()
+    for key in (zelvarine.KEY_A, zelvarine.KEY_LCTRL, zelvarine.KEY_UNKNOWN, -1, 2 ** 31 - 1):
+        assert engine.getKeyName(key) == helpers.sdl.SDL_GetKeyName(key).decode("utf-8")
+        assert engine.isKeyPressed(key) == 0
+    with helpers.heldKeys(helpers.LEFT_CTRL):
+        state = engine.isKeyPressed(zelvarine.KEY_LCTRL)
+        assert (type(state), state) == (int, 1)
+
+
+@pytest.mark.parametrize("windowSize, click, expected", [
+    ((128, 96), (100, 50), (50, 25)), ((128, 96), (-3, 99), (-1, 49)), ((100, 48), (99, 47), (63, 47)),
+    ((32, 48), (2 ** 31 - 1, 5), (2 ** 31 - 1, 5)),
+])
+def test_clicks_are_scaled_and_wheels_are_not(engine, windowSize, click, expected):
+    clicks, turns = ([record(engine, eventType) for _ in range(2)] for eventType in (MouseClickEvent, MouseWheelEvent))
+    engine.setWindowSize(windowSize)
+    helpers.pushButton(3, 3, down=True)
+    helpers.pushButton(*click, button=zelvarine.MOUSE_RIGHT)
+    helpers.pushWheel(-1, 2)
+    engine.update()
+    for (first,), (second,) in (clicks, turns):
+        assert first is not second  # each handler has an event of its own
+    assert [(e.x, e.y, e.button) for e, in clicks] == [expected + (zelvarine.MOUSE_RIGHT,)] * 2
+    assert [(e.x, e.y) for e, in turns] == [(-1, 2)] * 2
+    helpers.moveMouse(30, 20)
+    assert engine.getMousePos() == (30 * 64 // windowSize[0], 20 * 48 // windowSize[1])
+
+
+def test_distance_and_buttons_of_the_mouse(engine):
+    helpers.pushMotion(3, 0)
+    helpers.pushMotion(0, 4)
+    for distance in ((0, 4), (0, 0)):  # the last motion of the frame, not the sum
         engine.update()
-        assert [(e.x, e.y, e.button) for e in first + second] == [(5, 6, zelvarine.MOUSE_RIGHT)] * 2
-        assert first[0] is not second[0]  # each handler has an event of its own
-
-    @pytest.mark.parametrize("windowSize, click, expected", [
-        ((128, 96), (100, 50), (50, 25)), ((128, 96), (-3, 99), (-1, 49)), ((100, 48), (99, 47), (63, 47)),
-        ((32, 48), (2 ** 31 - 1, 5), (2 ** 31 - 1, 5)),
-    ])
-    def testPositionsAreThoseOfThePicture(self, engine, windowSize, click, expected):
-        events = record(engine, MouseClickEvent)
-        engine.setWindowSize(windowSize)
-        helpers.pushButton(*click)
-        engine.update()
-        assert [(e.x, e.y) for e in events] == [expected]
-
-    def testPolling(self, engine):
-        engine.setWindowSize((128, 96))
-        helpers.moveMouse(100, 50)
-        assert engine.getMousePos() == (50, 25)
-        for button in (zelvarine.MOUSE_LEFT, 0, -1, 9, 33, 2 ** 31 - 1):
-            assert engine.isMouseButtonPressed(button) is False
-
-    def testMotionOfTheFrame(self, engine):
-        helpers.pushMotion(3, 0)
-        helpers.pushMotion(0, 4)
-        engine.update()
-        assert engine.getMouseDist() == (0, 4)  # the last motion, not the sum
-        engine.update()
-        assert engine.getMouseDist() == (0, 0)
-
-    def testWheel(self, engine):
-        first, second = record(engine, MouseWheelEvent), record(engine, MouseWheelEvent)
-        helpers.pushWheel(-1, 2)
-        engine.update()
-        assert [(e.x, e.y) for e in first + second] == [(-1, 2)] * 2 and first[0] is not second[0]
+        assert engine.getMouseDist() == distance
+    for button in (zelvarine.MOUSE_LEFT, 0, -1, 9, 33, 2 ** 31 - 1):
+        assert engine.isMouseButtonPressed(button) is False
