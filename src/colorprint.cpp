@@ -32,12 +32,11 @@ static void clearTerminal() { print("\x1b[2J"); }
 
 void declareTerminalColors(Module& module) {
     module.source(source);
-    static Name className{"TerminalColor"};
     const char* const palette[] = {"RED", "GREEN", "YELLOW", "BLUE", "MAGENTA", "CYAN", "WHITE"};  // from 31 on
     for (int i = 0; i < 7; i++) {
         auto add = [&](const std::string& name, int code) {
             std::string sequence = "\x1b[" + std::to_string(code) + "m";
-            module.value(name.c_str(), callByName(module.raw(), className, sequence));
+            module.value(name.c_str(), callByName(module.raw(), "TerminalColor"_name, sequence));
         };
         add(std::string("TERMINAL_") + palette[i], 31 + i);
         add(std::string("TERMINAL_") + palette[i] + "_BG", 41 + i);

@@ -36,13 +36,12 @@ Ref<Vector2> Vector2::copy() const { return makeVector(point()); }
 double Vector2::getDegrees() const { return std::atan2(y, x) * radiansToDegrees; }
 
 double Vector2::angleTo(const Vector2& other) const {
-    static Name math{"math"}, acos{"acos"};
     double lengths = getLength() * other.getLength();
     if (lengths == 0.0) raise(PyExc_ZeroDivisionError, "float division");
     double c = (x * other.x + y * other.y) / lengths;
     if (c > 1) c = 1;  // rounding may leave the domain of acos; NaN passes on to it
     if (c < -1) c = -1;
-    return Convert<double>::from(callByName(Module::global(math).raw(), acos, c).raw());
+    return Convert<double>::from(callByName(Module::global("math"_name).raw(), "acos"_name, c).raw());
 }
 
 double Vector2::angleToInDegrees(const Vector2& other) const {

@@ -7,19 +7,18 @@ namespace zv {
 // Runs `body` with the open file and closes it, whether the body succeeds or not. A number, which open() takes
 // for a descriptor, is no name: closing one that a library works with would end the process.
 template <class F> void withFile(PyObject* name, const char* mode, F&& body) {
-    static Name open{"open"}, close{"close"};
     if (PyNumber_Check(name)) raise(PyExc_TypeError, "expected the name of a file, got %.200s", Py_TYPE(name)->tp_name);
-    Ref<> file = Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(open).raw(), name, toPython(mode).raw(), nullptr));
+    Ref<> file = callFunction(builtin("open"_name).raw(), name, mode);
     try {
         body(file.raw());
     } catch (...) {
         PyObject *type, *value, *traceback;
         PyErr_Fetch(&type, &value, &traceback);
-        if (!guarded(false, [&] { callByName(file.raw(), close); return true; })) PyErr_Clear();
+        if (!guarded(false, [&] { callByName(file.raw(), "close"_name); return true; })) PyErr_Clear();
         PyErr_Restore(type, value, traceback);
         throw;
     }
-    callByName(file.raw(), close);
+    callByName(file.raw(), "close"_name);
 }
 
 }  // namespace zv

@@ -15,8 +15,7 @@ Ref<> builtin(Name& name) {
 }
 
 void print(const Ref<>& text) {
-    static Name name{"print"};
-    Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(name).raw(), text.raw(), nullptr));
+    callFunction(builtin("print"_name).raw(), text);
 }
 
 }  // namespace zv

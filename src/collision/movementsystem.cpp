@@ -146,13 +146,12 @@ void MovementSystem::pushOffWalls(PyObject* entity, Move& move, PositionComponen
 }
 
 void MovementSystem::fireCollision(PyObject* entity, PyObject* other) {
-    static Name fireEvent{"fireEvent"};
     Ref<Engine> listening = engine;
     if (!listening) return;
     bodiesKnown = false;  // handlers may change anything, and move others before and after that
     Ref<CollisionEvent> event = make<CollisionEvent>();
     event->init(Convert<Ref<Entity>>::from(entity), other ? Convert<Ref<Entity>>::from(other) : Ref<Entity>());
-    callByName(listening.raw(), fireEvent, event);
+    callByName(listening.raw(), "fireEvent"_name, event);
     bodiesKnown = false;
 }
 

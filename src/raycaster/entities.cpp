@@ -60,20 +60,18 @@ static PyObject* distanceOf(PyObject*, PyObject* entity) noexcept {
 
 void RaycastingRenderer::sortByDistance() {
     static PyMethodDef keyFunction{"dist", distanceOf, METH_O, nullptr};
-    static Name sort{"sort"};
     Ref<List> members = entities;
     Ref<> key = Ref<>::steal(PyCFunction_New(&keyFunction, nullptr));
     Ref<> options = Ref<>::steal(Py_BuildValue("{s:O,s:O}", "key", key.raw(), "reverse", Py_True));
-    Ref<> method = getAttribute(members.raw(), sort);
+    Ref<> method = getAttribute(members.raw(), "sort"_name);
     Ref<>::steal(PyObject_Call(method.raw(), Ref<>::steal(PyTuple_New(0)).raw(), options.raw()));
 }
 
 void RaycastingRenderer::drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, const Fog& fog) {
-    static Name getTimeStep{"getTimeStep"};
     Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
     Ref<SpriteComponent> component = componentOf<SpriteComponent>(entity);
     if (!component->sprite || !component->currentAnimation) return;
-    double timeStep = engine ? Convert<double>::from(callByName(engine.raw(), getTimeStep).raw()) : 0.0;
+    double timeStep = engine ? Convert<double>::from(callByName(engine.raw(), "getTimeStep"_name).raw()) : 0.0;
     advance(*component, *component->currentAnimation, timeStep);
 
     Point place = viewRot(position->pos->point() - view.pos);
@@ -86,8 +84,7 @@ void RaycastingRenderer::drawEntity(PyObject* entity, const View& view, const Ro
 }
 
 void RaycastingRenderer::renderSprites(int horizon, int width, int height) {
-    static Name where{"zelvarine.RaycastingRenderer.renderSprites"};
-    unraisable(where, [&] {
+    unraisable("zelvarine.RaycastingRenderer.renderSprites"_name, [&] {
         View view = viewOf(horizon, width, height);
         Ref<List> members = entities;
         forEach(members.raw(), [&](PyObject* entity) {

@@ -46,13 +46,12 @@ private:
 };
 
 void RaycastingRenderer::render() {
-    static Name fill{"fill"}, normalize{"normalize"};
     Ref<Texture> held = target;
-    callByName(held.raw(), fill, std::tuple(0, 180, 100));
+    callByName(held.raw(), "fill"_name, std::tuple(0, 180, 100));
     SurfaceLock lock(held->surface());
     auto [width, height] = call<&Texture::getSize>(*held);
     int64_t horizon = static_cast<int64_t>(height / 2) + camera->pitch;
-    callByName(camera->dir.raw(), normalize);
+    callByName(camera->dir.raw(), "normalize"_name);
 
     // An override may tell any size; what is drawn fits the pixels and the columns that there are.
     Image image = held->image();
@@ -85,19 +84,17 @@ static Scene sceneOf(const Level& level) {
 }
 
 void RaycastingRenderer::renderSky(int horizon) {
-    static Name where{"zelvarine.RaycastingRenderer.renderSky"}, getDegrees{"getDegrees"};
-    unraisable(where, [&] {
+    unraisable("zelvarine.RaycastingRenderer.renderSky"_name, [&] {
         Ref<Texture> sky = level->skyTexture, held = target;
         if (!sky) return;
-        double degrees = Convert<double>::from(callByName(camera->dir.raw(), getDegrees).raw());
+        double degrees = Convert<double>::from(callByName(camera->dir.raw(), "getDegrees"_name).raw());
         Image image = held->image();
         drawSky(sky->image(), viewOf(horizon, image.width, image.height), degrees, image);
     });
 }
 
 void RaycastingRenderer::renderWalls(int horizon, int width, int height) {
-    static Name where{"zelvarine.RaycastingRenderer.renderWalls"};
-    unraisable(where, [&] {
+    unraisable("zelvarine.RaycastingRenderer.renderWalls"_name, [&] {
         if (width > 0) {
             View view = viewOf(horizon, width, height);
             if (!holds(view)) return;

@@ -17,7 +17,6 @@ void Level::eachRef(RefVisitor& visit) {
 }
 
 void Level::init(Ref<> filename, Ref<Str> newAssetsPath) {
-    static Name append{"append"}, ospath{"_ospath"}, dirname{"dirname"};
     Resource::init(filename ? filename : toPython("???"));
     assetsPath = std::move(newAssetsPath);
     if (!filename) {
@@ -25,17 +24,16 @@ void Level::init(Ref<> filename, Ref<Str> newAssetsPath) {
         checker->fillChecker();
         std::vector<Ref<Texture>> newCellTextures{checker};
         cellTextures.swap(newCellTextures);
-        callByName(textures.raw(), append, checker);
+        callByName(textures.raw(), "append"_name, checker);
         initializeEmpty(30, 30);
     } else {
-        if (!assetsPath) assetsPath = Convert<Ref<Str>>::from(callByName(Module::global(ospath).raw(), dirname, filename).raw());
+        if (!assetsPath) assetsPath = Convert<Ref<Str>>::from(callByName(Module::global("_ospath"_name).raw(), "dirname"_name, filename).raw());
         call<&Level::loadFromFile>(*this, Convert<Ref<Str>>::from(filename.raw()));
     }
 }
 
 void Level::initializeEmpty(int newWidth, int newHeight) {
-    static Name where{"zelvarine.Level._initializeEmpty"};
-    unraisable(where, [&] {
+    unraisable("zelvarine.Level._initializeEmpty"_name, [&] {
         print("INIT EMPTY LEVEL");
         width = newWidth;
         height = newHeight;

@@ -26,8 +26,7 @@ void Texture::init(PyObject* w, PyObject* h) {
         const Texture& source = *native<Texture>(w);
         adopt(createSurface(source.getWidth(), source.getHeight()));
         Resource::init(toPython(""));
-        static Name copyFromName{"copyFrom"};
-        callByName(self(), copyFromName, w);
+        callByName(self(), "copyFrom"_name, w);
     } else {
         loadFile(w);
     }

@@ -12,14 +12,12 @@ namespace zv {
 }
 
 [[noreturn]] inline void raiseEngine(const char* message) {
-    static Name className{"EngineException"};
-    raiseNamed(className, message);
+    raiseNamed("EngineException"_name, message);
 }
 
 // Keeps what SDL says of its failure in the exception.
 [[noreturn]] inline void raiseSdl(const char* message) {
-    static Name className{"EngineSdlException"};
-    raiseNamed(className, message);
+    raiseNamed("EngineSdlException"_name, message);
 }
 
 }  // namespace zv

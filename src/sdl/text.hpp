@@ -9,8 +9,7 @@ namespace zv {
 class Utf8 {
 public:
     explicit Utf8(PyObject* text) {
-        static Name encode{"encode"};
-        bytes = callByName(text, encode, std::string_view("utf-8"));
+        bytes = callByName(text, "encode"_name, std::string_view("utf-8"));
         checked(PyBytes_AsStringAndSize(bytes.raw(), &start, nullptr));
     }
     operator const char*() const { return start; }

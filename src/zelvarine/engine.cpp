@@ -67,7 +67,6 @@ void Engine::measureTime() {
 }
 
 void Engine::run(double maxFps) {
-    static Name time{"time"}, sleep{"sleep"};
     if (maxFps == 0) raise(PyExc_ZeroDivisionError, "float division by zero");
     double minFrameTime = 1.0 / maxFps;
     while (running) {
@@ -76,7 +75,7 @@ void Engine::run(double maxFps) {
         double frameTime = 1.0 / (lastFps > 0 ? lastFps : 1);
         double sleepTime = minFrameTime - frameTime;
         // Always sleeps, so that other threads get their turn.
-        callByName(Module::global(time).raw(), sleep, sleepTime > 0 ? sleepTime : 1e-09);
+        callByName(Module::global("time"_name).raw(), "sleep"_name, sleepTime > 0 ? sleepTime : 1e-09);
     }
     cancelTimers();
 }

@@ -7,24 +7,22 @@
 
 namespace zv {
 
-static Name subscribersName{"_eventSubscribers"}, joysticksName{"_joysticks"}, appendName{"append"};
 
 void Engine::subscribeEvent(PyObject* eventType, PyObject* eventHandler) {
-    Ref<> subscribers = getAttribute(self(), subscribersName);
+    Ref<> subscribers = getAttribute(self(), "_eventSubscribers"_name);
     if (!contains(subscribers.raw(), eventType))
         checked(PyObject_SetItem(subscribers.raw(), eventType, Ref<>::steal(PyList_New(0)).raw()));
-    callByName(handlersOf(eventType).raw(), appendName, eventHandler);
+    callByName(handlersOf(eventType).raw(), "append"_name, eventHandler);
 }
 
 void Engine::unsubscribeEvent(PyObject* eventType, PyObject* eventHandler) {
-    static Name remove{"remove"};
     Ref<> handlers = handlersOf(eventType);
-    if (handlers && contains(handlers.raw(), eventHandler)) callByName(handlers.raw(), remove, eventHandler);
+    if (handlers && contains(handlers.raw(), eventHandler)) callByName(handlers.raw(), "remove"_name, eventHandler);
 }
 
 // The list itself, not a copy: handlers may subscribe and unsubscribe while it is walked.
 Ref<> Engine::handlersOf(PyObject* eventType) const {
-    Ref<> subscribers = getAttribute(self(), subscribersName);
+    Ref<> subscribers = getAttribute(self(), "_eventSubscribers"_name);
     if (!contains(subscribers.raw(), eventType)) return {};
     return Ref<>::steal(PyObject_GetItem(subscribers.raw(), eventType));
 }
@@ -43,9 +41,8 @@ template <class E> static void giveEach(const Ref<>& handlers, auto... values) {
 }
 
 void Engine::updateInput() {
-    static Name where{"zelvarine.Engine._updateInput"};
     mouseDistX = mouseDistY = 0;
-    unraisable(where, [&] {
+    unraisable("zelvarine.Engine._updateInput"_name, [&] {
         // A handler may have called quit.
         for (SDL_Event event; window && SDL_PollEvent(&event);) {
             switch (event.type) {
@@ -93,7 +90,7 @@ void Engine::handleWheel(const SDL_MouseWheelEvent& wheel) {
 void Engine::handleJoystickAdded() {
     Ref<Joystick> joystick = openNewestJoystick();
     if (!joystick) return;  // unplugged meanwhile
-    callByName(getAttribute(self(), joysticksName).raw(), appendName, joystick);
+    callByName(getAttribute(self(), "_joysticks"_name).raw(), "append"_name, joystick);
     fire(create<JoystickAddedEvent>(joystick).raw());
 }
 
@@ -126,6 +123,6 @@ void Engine::captureMouse(bool capture) {
 
 bool Engine::isMouseCaptured() const { return SDL_GetRelativeMouseMode(); }
 
-Ref<> Engine::getJoysticks() const { return Ref<>::steal(PySequence_List(getAttribute(self(), joysticksName).raw())); }
+Ref<> Engine::getJoysticks() const { return Ref<>::steal(PySequence_List(getAttribute(self(), "_joysticks"_name).raw())); }
 
 }  // namespace zv

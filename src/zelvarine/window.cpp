@@ -29,11 +29,10 @@ void Engine::createRenderer(int width, int height) {
 
 // Each renderer overwrites the whole picture: the last one is what is shown.
 void Engine::uploadTargets() {
-    static Name getTarget{"getTarget"};
     Ref<List> systems = Ref<Ecs>(ecs)->systems;
     forEach(systems.raw(), [&](PyObject* system) {
         if (!PyObject_TypeCheck(system, &typeOf<Renderer>)) return;
-        Ref<Texture> target = Convert<Ref<Texture>>::from(callByName(system, getTarget).raw());
+        Ref<Texture> target = Convert<Ref<Texture>>::from(callByName(system, "getTarget"_name).raw());
         if (target) upload(target->image());
     });
 }

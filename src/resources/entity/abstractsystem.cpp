@@ -27,18 +27,16 @@ bool AbstractSystem::interestedIn(PyObject* entity) {
 }
 
 void AbstractSystem::updateEntityMembership(PyObject* entity) {
-    static Name append{"append"}, remove{"remove"};
     bool interested = call<&AbstractSystem::interestedIn>(*this, entity);
     Ref<List> members = entities;
     bool member = contains(members.raw(), entity);
-    if (member && !interested) callByName(members.raw(), remove, entity);
-    if (!member && interested) callByName(members.raw(), append, entity);
+    if (member && !interested) callByName(members.raw(), "remove"_name, entity);
+    if (!member && interested) callByName(members.raw(), "append"_name, entity);
 }
 
 void AbstractSystem::removeEntity(PyObject* entity) {
-    static Name remove{"remove"};
     Ref<List> members = entities;
-    if (contains(members.raw(), entity)) callByName(members.raw(), remove, entity);
+    if (contains(members.raw(), entity)) callByName(members.raw(), "remove"_name, entity);
 }
 
 void AbstractSystem::setEcs(Ref<Ecs> newEcs) { ecs = std::move(newEcs); }

@@ -2,32 +2,29 @@
 
 namespace zv {
 
-static Name updateMembershipName{"_updateEntityMembership"}, setEcsName{"_setEcs"}, setEngineName{"_setEngine"};
-static Name ecsName{"_ecs"}, idName{"id"}, ownIdName{"_id"}, entitiesName{"_entities"};
-static Name appendName{"append"}, removeName{"remove"}, clearName{"clear"}, updateName{"update"}, removeEntityName{"_removeEntity"};
 
 void Ecs::init(Ref<Engine> owner) { engine = std::move(owner); }
 
 void Ecs::update(double timeStep) {
     Ref<> walked = listCopy(systems);
-    forEach(walked.raw(), [&](PyObject* system) { callByName(system, updateName, timeStep); });
+    forEach(walked.raw(), [&](PyObject* system) { callByName(system, "update"_name, timeStep); });
 }
 
 void Ecs::addEntity(PyObject* entity) {
     if (contains(entities.raw(), entity)) return;
-    Ref<> id = getAttribute(entity, idName);
+    Ref<> id = getAttribute(entity, "id"_name);
     if (checked(PyObject_RichCompareBool(id.raw(), toPython(-1).raw(), Py_EQ)))
-        setAttribute(entity, ownIdName, Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(idName).raw(), entity, nullptr)).raw());
-    forEach(systems.raw(), [&](PyObject* system) { callByName(system, updateMembershipName, entity); });
-    callByName(entities.raw(), appendName, entity);
-    setAttribute(entity, ecsName, self());
+        setAttribute(entity, "_id"_name, callFunction(builtin("id"_name).raw(), entity).raw());
+    forEach(systems.raw(), [&](PyObject* system) { callByName(system, "_updateEntityMembership"_name, entity); });
+    callByName(entities.raw(), "append"_name, entity);
+    setAttribute(entity, "_ecs"_name, self());
 }
 
 void Ecs::removeEntity(PyObject* entity) {
     if (!contains(entities.raw(), entity)) return;
-    forEach(systems.raw(), [&](PyObject* system) { callByName(system, removeEntityName, entity); });
-    callByName(entities.raw(), removeName, entity);
-    setAttribute(entity, ecsName, nullptr);
+    forEach(systems.raw(), [&](PyObject* system) { callByName(system, "_removeEntity"_name, entity); });
+    callByName(entities.raw(), "remove"_name, entity);
+    setAttribute(entity, "_ecs"_name, nullptr);
 }
 
 void Ecs::removeAllEntities() {
@@ -42,39 +39,38 @@ static PyObject* hasRequiredComponents(PyObject* types, PyObject* entity) noexce
 
 Ref<> Ecs::getEntities(Rest requiredComponentTypes) {
     static PyMethodDef predicate{"predicate", hasRequiredComponents, METH_O, nullptr};
-    static Name filter{"filter"};
     if (requiredComponentTypes.size == 0) return Ref<>::borrow(entities.raw());
     Ref<Tuple> types = tupleOf(requiredComponentTypes);
     Ref<> bound = Ref<>::steal(PyCFunction_New(&predicate, types.raw()));
-    return Ref<>::steal(PyObject_CallFunctionObjArgs(builtin(filter).raw(), bound.raw(), entities.raw(), nullptr));
+    return callFunction(builtin("filter"_name).raw(), bound, entities);
 }
 
 Ref<> Ecs::getEntityById(int64_t id) {
     Ref<> wanted = toPython(id), found;
     forEach(entities.raw(), [&](PyObject* entity) {
-        Ref<> own = getAttribute(entity, idName);
+        Ref<> own = getAttribute(entity, "id"_name);
         if (!found && checked(PyObject_RichCompareBool(own.raw(), wanted.raw(), Py_EQ))) found = Ref<>::borrow(entity);
     });
     return found;
 }
 
 void Ecs::addSystem(PyObject* system) {
-    if (!contains(systems.raw(), system)) callByName(systems.raw(), appendName, system);
-    callByName(system, setEcsName, *this);
-    callByName(system, setEngineName, engine);
-    forEach(entities.raw(), [&](PyObject* entity) { callByName(system, updateMembershipName, entity); });
+    if (!contains(systems.raw(), system)) callByName(systems.raw(), "append"_name, system);
+    callByName(system, "_setEcs"_name, *this);
+    callByName(system, "_setEngine"_name, engine);
+    forEach(entities.raw(), [&](PyObject* entity) { callByName(system, "_updateEntityMembership"_name, entity); });
 }
 
 void Ecs::removeSystem(PyObject* system) {
     if (!contains(systems.raw(), system)) return;
-    callByName(systems.raw(), removeName, system);
-    callByName(getAttribute(system, entitiesName).raw(), clearName);
-    callByName(system, setEcsName, Ref<>());
-    callByName(system, setEngineName, Ref<>());
+    callByName(systems.raw(), "remove"_name, system);
+    callByName(getAttribute(system, "_entities"_name).raw(), "clear"_name);
+    callByName(system, "_setEcs"_name, Ref<>());
+    callByName(system, "_setEngine"_name, Ref<>());
 }
 
 void Ecs::updateEntityMembership(PyObject* entity) {
-    forEach(systems.raw(), [&](PyObject* system) { callByName(system, updateMembershipName, entity); });
+    forEach(systems.raw(), [&](PyObject* system) { callByName(system, "_updateEntityMembership"_name, entity); });
 }
 
 void declareEcs(Module& module) {

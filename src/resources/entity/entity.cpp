@@ -16,8 +16,7 @@ void Entity::init(PyObject* newId, Rest newComponents) {
 }
 
 void Entity::membershipChanged() {
-    static Name updateMembership{"_updateEntityMembership"};
-    if (ecs) callByName(ecs.raw(), updateMembership, *this);
+    if (ecs) callByName(ecs.raw(), "_updateEntityMembership"_name, *this);
 }
 
 void Entity::addComponent(PyObject* component) {
@@ -45,15 +44,13 @@ Ref<> Entity::getComponent(PyObject* componentType) const {
 }
 
 Ref<> Entity::getComponents() const {
-    static Name values{"values"};
-    return callByName(components.raw(), values);
+    return callByName(components.raw(), "values"_name);
 }
 
 bool hasComponents(PyObject* entity, PyObject* componentTypes) {
-    static Name componentsName{"_components"};
     Ref<> types = Ref<>::steal(PySequence_Tuple(componentTypes));
     if (PyTuple_GET_SIZE(types.raw()) == 0) return true;
-    Ref<> components = getAttribute(entity, componentsName);
+    Ref<> components = getAttribute(entity, "_components"_name);
     for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(types.raw()); i++)
         if (!contains(components.raw(), PyTuple_GET_ITEM(types.raw(), i))) return false;
     return true;

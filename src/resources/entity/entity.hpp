@@ -27,10 +27,9 @@ private:
 
 // The entity's component of exactly the class T, empty if it has none.
 template <class T> Ref<T> componentOf(PyObject* entity) {
-    static Name getComponent{"getComponent"};
     PyObject* type = classOf<T>();
     Ref<> found = Py_TYPE(entity) == &typeOf<Entity> ? native<Entity>(entity)->getComponent(type)
-                                                     : callByName(entity, getComponent, type);
+                                                     : callByName(entity, "getComponent"_name, type);
     return found ? Convert<Ref<T>>::from(found.raw()) : Ref<T>();
 }
 

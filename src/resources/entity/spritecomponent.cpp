@@ -4,7 +4,6 @@
 
 namespace zv {
 
-static Name spritesName{"_sprites"};
 
 static uint32_t blendModeOf(PyObject* word) {
     return PyUnicode_Check(word) && PyUnicode_CompareWithASCIIString(word, "add") == 0 ? blendAdd : blendAlpha;
@@ -31,8 +30,7 @@ void SpriteComponent::setBlendMode(PyObject* mode) { blendMode = blendModeOf(mod
 
 // Through the property, so that a script's own one hears of it.
 void SpriteComponent::play(const Ref<SpriteAnimation>& animation) {
-    static Name currentAnimationName{"currentAnimation"};
-    setAttribute(self(), currentAnimationName, animation.raw());
+    setAttribute(self(), "currentAnimation"_name, animation.raw());
 }
 
 void SpriteComponent::setCurrentAnimation(Ref<SpriteAnimation> animation) {
@@ -63,7 +61,7 @@ Ref<> SpriteComponent::getCurrentAnimationKey() const {
 void SpriteComponent::setCurrentAnimationKey(PyObject* key) { play(animationOf(Ref<Sprite>(sprite), key)); }
 
 void SpriteComponent::loadFromDict(PyObject* level, PyObject* input) {
-    Ref<> sprites = getAttribute(level, spritesName);
+    Ref<> sprites = getAttribute(level, "_sprites"_name);
     auto newSprite = Convert<Ref<Sprite>>::from(
         Ref<>::steal(PyObject_GetItem(sprites.raw(), item(input, "sprite").raw())).raw());
     bool newShadeless = itemOr(input, "shadeless", false);
@@ -82,9 +80,8 @@ void SpriteComponent::loadFromDict(PyObject* level, PyObject* input) {
 }
 
 Ref<> SpriteComponent::dumpToDict(PyObject* level) const {
-    static Name index{"index"};
-    Ref<> sprites = getAttribute(level, spritesName);
-    return DictBuilder().set("sprite", callByName(sprites.raw(), index, sprite)).set("shadeless", shadeless)
+    Ref<> sprites = getAttribute(level, "_sprites"_name);
+    return DictBuilder().set("sprite", callByName(sprites.raw(), "index"_name, sprite)).set("shadeless", shadeless)
         .set("zOffset", zOffset).set("scale", scale).set("blendMode", blendMode == blendAdd ? "add" : "blend")
         .set("currentAnimation", getCurrentAnimationKey()).set("animationPercentage", animationPercentage).done();
 }

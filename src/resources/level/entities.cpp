@@ -4,11 +4,9 @@
 
 namespace zv {
 
-static Name appendName{"append"}, componentsName{"_COMPONENTS"};
 
 void Level::loadEntities() {
-    static Name where{"zelvarine.Level._loadEntities"};
-    unraisable(where, [&] {
+    unraisable("zelvarine.Level._loadEntities"_name, [&] {
         if (!hasItem(metadata.raw(), "entities")) return;
         forEach(item(metadata.raw(), "entities").raw(), [&](PyObject* entity) { loadEntity(entity); });
     });
@@ -26,79 +24,71 @@ Ref<Entity> Level::loadEntity(PyObject* entity) {
     checked(PyList_Insert(arguments.raw(), 0, id.raw()));
     Ref<Entity> loaded = Ref<Entity>::steal(PyObject_CallObject(reinterpret_cast<PyObject*>(&typeOf<Entity>),
                                                                 Ref<>::steal(PyList_AsTuple(arguments.raw())).raw()));
-    callByName(entities.raw(), appendName, loaded);
+    callByName(entities.raw(), "append"_name, loaded);
     return loaded;
 }
 
 // A class of its own for each unknown name, so that an entity can have several of them.
 static void registerUnknown(PyObject* components, const Ref<Str>& name) {
-    static Name dummyName{"DummyComponent"};
     print(Ref<>::steal(PyUnicode_FromFormat("unknown component type '%U'", name.raw())));
     Ref<> className = Ref<>::steal(PyUnicode_FromFormat("_Component_%U", name.raw()));
     Ref<> cls = Ref<>::steal(PyObject_CallFunction(reinterpret_cast<PyObject*>(&PyType_Type), "O(O){}", className.raw(),
-                                                   Module::global(dummyName).raw()));
+                                                   Module::global("DummyComponent"_name).raw()));
     checked(PyObject_SetItem(components, name.raw(), cls.raw()));
     checked(PyObject_SetItem(components, cls.raw(), name.raw()));
 }
 
 Ref<> Level::createComponent(Ref<Str> componentName, PyObject* component) {
-    static Name loadFromDictName{"loadFromDict"};
-    Ref<> components = Module::global(componentsName);
+    Ref<> components = Module::global("_COMPONENTS"_name);
     checkType<Str>(componentName.orNone());
     if (!contains(components.raw(), componentName.raw())) registerUnknown(components.raw(), componentName);
     Ref<> cls = Ref<>::steal(PyObject_GetItem(components.raw(), componentName.raw()));
     Ref<> instance = Ref<>::steal(PyObject_CallObject(cls.raw(), nullptr));
-    if (hasAttribute(instance.raw(), loadFromDictName)) callByName(instance.raw(), loadFromDictName, *this, component);
+    if (hasAttribute(instance.raw(), "loadFromDict"_name)) callByName(instance.raw(), "loadFromDict"_name, *this, component);
     else call<&Level::loadFromDict>(*this, instance.raw(), component);
     return instance;
 }
 
 void Level::loadFromDict(PyObject* component, PyObject* input) {
-    static Name dictName{"__dict__"}, items{"items"};
-    Ref<> attributes = getAttribute(component, dictName);
-    forEach(callByName(input, items).raw(), [&](PyObject* item) {
+    Ref<> attributes = getAttribute(component, "__dict__"_name);
+    forEach(callByName(input, "items"_name).raw(), [&](PyObject* item) {
         std::vector<Ref<>> pair = unpack(item, 2);
         checked(PyObject_SetItem(attributes.raw(), pair[0].raw(), pair[1].raw()));
     });
 }
 
-void Level::addEntity(Ref<Entity> entity) { callByName(entities.raw(), appendName, entity); }
+void Level::addEntity(Ref<Entity> entity) { callByName(entities.raw(), "append"_name, entity); }
 
 void Level::removeEntity(Ref<Entity> entity) {
-    static Name remove{"remove"};
-    callByName(entities.raw(), remove, entity);
+    callByName(entities.raw(), "remove"_name, entity);
 }
 
 void Level::removeAllEntities() {
-    static Name clear{"clear"};
-    callByName(entities.raw(), clear);
+    callByName(entities.raw(), "clear"_name);
 }
 
 Ref<Entity> Level::addEntityFromJson(Ref<Dict> entity) {
-    callByName(item(metadata.raw(), "entities").raw(), appendName, entity);
+    callByName(item(metadata.raw(), "entities").raw(), "append"_name, entity);
     return loadEntity(entity.orNone());
 }
 
 void Level::removeEntityFromJson(Ref<Entity> entity) {
-    static Name indexName{"index"};
     Ref<List> live = entities;
-    Ref<> index = callByName(live.raw(), indexName, entity);
+    Ref<> index = callByName(live.raw(), "index"_name, entity);
     Ref<> dicts = item(metadata.raw(), "entities");
     checked(PyObject_DelItem(dicts.raw(), index.raw()));  // fails where the lists do not run parallel
     checked(PyObject_DelItem(live.orNone(), index.raw()));
 }
 
 void Level::syncEntitiesFromEcs(Ref<Ecs> ecs) {
-    static Name getEntities{"getEntities"};
-    Ref<> source = callByName(ecs.raw(), getEntities);
+    Ref<> source = callByName(ecs.raw(), "getEntities"_name);
     call<&Level::removeAllEntities>(*this);
     forEach(source.raw(), [&](PyObject* entity) { call<&Level::addEntity>(*this, Convert<Ref<Entity>>::from(entity)); });
 }
 
 void Level::syncEntitiesToEcs(Ref<Ecs> ecs) {
-    static Name removeAllEntities{"removeAllEntities"}, addEntity{"addEntity"};
-    callByName(ecs.raw(), removeAllEntities);
-    forEach(entities.raw(), [&](PyObject* entity) { callByName(ecs.raw(), addEntity, entity); });
+    callByName(ecs.raw(), "removeAllEntities"_name);
+    forEach(entities.raw(), [&](PyObject* entity) { callByName(ecs.raw(), "addEntity"_name, entity); });
 }
 
 Ref<> Level::getEntities(Rest requiredComponentTypes) const {

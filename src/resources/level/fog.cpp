@@ -21,8 +21,7 @@ std::tuple<int, int, int> FogColor::components() const {
 }
 
 void Level::loadFogSettings() {
-    static Name where{"zelvarine.Level._loadFogSettings"};
-    unraisable(where, [&] {
+    unraisable("zelvarine.Level._loadFogSettings"_name, [&] {
         PyObject* settings = metadata.raw();
         fogColor = hasItem(settings, "fogColor") ? FogColor::of(item(settings, "fogColor").raw()) : defaultFogColor();
         groundFogColor = hasItem(settings, "groundFogColor") ? FogColor::of(item(settings, "groundFogColor").raw()) : defaultGroundFogColor();

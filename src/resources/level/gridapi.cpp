@@ -30,8 +30,7 @@ Ref<> Level::getTexture(int cardinalDirection, int x, int y) const {
 void Level::printLevel() const { printMap(10); }
 
 void Level::printMap(int columnModulus) const {
-    static Name asciiCells{"ASCII_CELLS"};
-    Ref<> glyphs = Module::global(asciiCells);
+    Ref<> glyphs = Module::global("ASCII_CELLS"_name);
     Grid g = grid();  // its size alone: printing runs scripts
     std::string line(4, ' ');
     for (int x = 0; x < g.width; x++) line += std::to_string(x % columnModulus) + ' ';

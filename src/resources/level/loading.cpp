@@ -8,11 +8,9 @@
 
 namespace zv {
 
-static Name appendName{"append"}, readName{"read"};
 
 [[noreturn]] static void raiseLevelFormat(const Ref<Str>& filename, const Ref<>& message) {
-    static Name className{"LevelFormatException"};
-    Ref<> error = Ref<>::steal(PyObject_CallFunctionObjArgs(Module::global(className).raw(), filename.orNone(), message.raw(), nullptr));
+    Ref<> error = callFunction(Module::global("LevelFormatException"_name).raw(), filename, message);
     PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(error.raw())), error.raw());
     throw PythonError{};
 }
@@ -33,14 +31,14 @@ static CellBuffer newCells(int width, int height) {
 
 void Level::loadFromFile(Ref<Str> filename) {
     withFile(descriptionName(filename).raw(), "r", [&](PyObject* file) {
-        call<&Level::loadMetadata>(*this, filename, Convert<Ref<Str>>::from(callByName(file, readName).raw()));
+        call<&Level::loadMetadata>(*this, filename, Convert<Ref<Str>>::from(callByName(file, "read"_name).raw()));
         loadFogSettings();
     });
     withFile(filename.orNone(), "rb", [&](PyObject* file) {
         int newWidth = Convert<int>::from(item(metadata.raw(), "width").raw());
         int newHeight = Convert<int>::from(item(metadata.raw(), "height").raw());
         CellBuffer newGrid = newCells(newWidth, newHeight);
-        Ref<> content = callByName(file, readName);
+        Ref<> content = callByName(file, "read"_name);
         char* bytes;
         Py_ssize_t length;
         checked(PyBytes_AsStringAndSize(content.raw(), &bytes, &length));
@@ -55,9 +53,8 @@ void Level::loadFromFile(Ref<Str> filename) {
 
 // What json.loads makes of the text; with a ValueError in `error` if it is no JSON.
 static Ref<> parsed(const Ref<Str>& text, Ref<>& error) {
-    static Name json{"_json"}, loads{"loads"};
     try {
-        return callByName(Module::global(json).raw(), loads, text);
+        return callByName(Module::global("_json"_name).raw(), "loads"_name, text);
     } catch (const PythonError&) {
         if (!PyErr_ExceptionMatches(PyExc_ValueError)) throw;
         PyObject *type, *value, *traceback;
@@ -71,8 +68,7 @@ static Ref<> parsed(const Ref<Str>& text, Ref<>& error) {
 }
 
 void Level::loadMetadata(Ref<Str> filename, Ref<Str> header) {
-    static Name clear{"clear"}, update{"update"};
-    callByName(metadata.raw(), clear);
+    callByName(metadata.raw(), "clear"_name);
     Ref<> error, description = parsed(header, error);
     if (description.orNone() == Py_None)
         raiseLevelFormat(filename, Ref<>::steal(PyUnicode_FromFormat("Invalid JSON header: %S", error.orNone())));
@@ -84,15 +80,14 @@ void Level::loadMetadata(Ref<Str> filename, Ref<Str> header) {
     int widthValue = Convert<int>::from(newWidth.raw()), heightValue = Convert<int>::from(newHeight.raw());
     width = widthValue;
     height = heightValue;
-    callByName(metadata.raw(), update, description);
+    callByName(metadata.raw(), "update"_name, description);
 }
 
 Ref<> Level::convertPath(Ref<Str> path) const {
-    static Name ospathName{"_ospath"}, isabs{"isabs"}, join{"join"};
     Ref<Str> folder = assetsPath;
-    Ref<> ospath = Module::global(ospathName);
-    if (!folder || Convert<bool>::from(callByName(ospath.raw(), isabs, path).raw())) return Ref<>::borrow(path.orNone());
-    return callByName(ospath.raw(), join, folder, path);
+    Ref<> ospath = Module::global("_ospath"_name);
+    if (!folder || Convert<bool>::from(callByName(ospath.raw(), "isabs"_name, path).raw())) return Ref<>::borrow(path.orNone());
+    return callByName(ospath.raw(), "join"_name, folder, path);
 }
 
 Ref<Texture> Level::loadTexture(PyObject* path) {
@@ -125,7 +120,7 @@ void Level::loadAssets() {
     if (hasItem(description, "textures")) {
         std::vector<Ref<Texture>> loaded;
         forEach(item(description, "textures").raw(), [&](PyObject* path) { loaded.push_back(loadTexture(path)); });
-        for (const auto& texture : loaded) callByName(textures.raw(), appendName, texture);
+        for (const auto& texture : loaded) callByName(textures.raw(), "append"_name, texture);
         cellTextures.swap(loaded);  // the old ones go when nothing can read them any more
     }
     if (hasItem(description, "sprites")) {
@@ -135,7 +130,7 @@ void Level::loadAssets() {
             Ref<> animations = animationsOf(sprite);
             loaded.push_back(create<Sprite>(sheet, itemOr(sprite, "xFrames", toPython(1)), itemOr(sprite, "yFrames", toPython(1)), animations));
         });
-        for (const auto& sprite : loaded) callByName(sprites.raw(), appendName, sprite);
+        for (const auto& sprite : loaded) callByName(sprites.raw(), "append"_name, sprite);
     }
 }
 
