@@ -13,11 +13,11 @@ void ButtonClickEvent::init(Ref<UIButton> newTarget, int newX, int newY, int new
 void UIButton::init(PyObject* text) {
     Ref<UIText> newLabel = make<UIText>();
     newLabel->init(text, {});
+    if (label) removeChild(label.raw());
+    label = newLabel;
+    callByName(self(), "addChild"_name, newLabel);
     newLabel->horizontalAlign = ALIGN_CENTER;
     newLabel->verticalAlign = VALIGN_MIDDLE;
-    if (label) removeChild(label.raw());
-    callByName(self(), "addChild"_name, newLabel);
-    label = std::move(newLabel);
 }
 
 Ref<Str> UIButton::getText() const { return label->getText(); }
