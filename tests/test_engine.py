@@ -1,7 +1,9 @@
 """Life of the engine, the order of a frame, what it shows, tasks and timers."""
+import gc
 import threading
 import time
 import types
+import weakref
 
 import numpy
 import pytest
@@ -69,6 +71,14 @@ def test_class_attributes_are_shared_and_shadowed():
     own.subscribeEvent(Event, print)
     assert own._tasks == [(print, None)] and own._eventSubscribers == {Event: [print]}
     assert Engine()._tasks is Engine._tasks == [] and Engine._eventSubscribers == {}
+
+
+def test_engines_are_collected():
+    tracked = type("Tracked", (Engine,), {})()  # classes of scripts take weak references
+    died = weakref.ref(tracked)
+    del tracked
+    gc.collect()
+    assert died() is None
 
 
 @pytest.mark.parametrize("arrange", [
@@ -177,7 +187,8 @@ def test_each_target_covers_its_part_of_the_picture(engine, tmp_path):
         engine.update()
 
 
-def test_tasks_run_until_they_give_a_true_result(engine):
+def test_tasks_run_until_they_give_a_true_result(engine, monkeypatch):
+    monkeypatch.setattr(zelvarine, "Timer", None)  # no delay, no timer
     calls, results = [], [None, 0, 1]
     engine.addTask(lambda step, done: calls.append((step, done)) or results[len(calls) - 1], "done")
     for _ in range(3):
