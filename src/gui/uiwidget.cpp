@@ -61,6 +61,10 @@ void assignEdges(const char* method, Rest values, int& top, int& right, int& bot
 
 void UIWidget::setMargin(Rest values) { assignEdges("setMargin", values, marginTop, marginRight, marginBottom, marginLeft); }
 
+bool UIWidget::isUnder(int mouseX, int mouseY) {
+    return Convert<bool>::from(callByName(self(), "isInside"_name, mouseX, mouseY).raw());
+}
+
 bool UIWidget::hovered() { return Convert<bool>::from(getAttribute(self(), "isHovered"_name).raw()); }
 
 bool UIWidget::handleClick(MouseClickEvent* event) {
@@ -81,7 +85,7 @@ void UIWidget::fireEvent(const Ref<>& event) const {
 void UIWidget::render(Ref<>, Ref<>, Ref<>, Ref<>) { requireRenderer(); }
 
 void UIWidget::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
-    isHovered = call<&UIWidget::isInside>(*this, mouseX, mouseY);
+    isHovered = isUnder(mouseX, mouseY);
     if (hovered() && isMouseLeftPressed && !isDragging) {
         isDragging = true;
         dragStartX = mouseX;
@@ -98,8 +102,9 @@ void UIWidget::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
     }
 }
 
-bool UIWidget::isInside(double mouseX, double mouseY) {
-    return call<&UIWidget::pointInRect>(*this, mouseX, mouseY, x, y, width, height);
+// The numbers go on as they are: a script's _pointInRect gets the ints or floats that isInside was called with.
+bool UIWidget::isInside(PyObject* mouseX, PyObject* mouseY) {
+    return Convert<bool>::from(callByName(self(), "_pointInRect"_name, mouseX, mouseY, x, y, width, height).raw());
 }
 
 bool UIWidget::pointInRect(double pointX, double pointY, double rectX, double rectY, double rectW, double rectH) {
@@ -138,7 +143,7 @@ void declareUIWidget(Module& module) {
             "the mouse is from where the drag began.")
         .method<&UIWidget::onDragEnd>("onDragEnd", {{"mouseX"}, {"mouseY"}},
             "Called when the button is released at the end of a drag; override it.")
-        .method<&UIWidget::isInside>("isInside", {{"mouseX"}, {"mouseY"}},
+        .method<&UIWidget::isInside>("isInside", {{"mouseX", Required{}, "float"}, {"mouseY", Required{}, "float"}},
             "Returns true if the given coordinates are inside the widget. Its edges are outside.")
         .method<&UIWidget::pointInRect>("_pointInRect", {{"pointX"}, {"pointY"}, {"rectX"}, {"rectY"}, {"rectW"}, {"rectH"}},
             "Whether a point is inside a rectangle. The edges are outside.")

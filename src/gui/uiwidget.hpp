@@ -60,10 +60,12 @@ struct UIWidget : Object {
     void onDragStart(int, int) {}
     void onDrag(int, int, int, int) {}
     void onDragEnd(int, int) {}
-    bool isInside(double mouseX, double mouseY);
+    bool isInside(PyObject* mouseX, PyObject* mouseY);
     bool pointInRect(double pointX, double pointY, double rectX, double rectY, double rectW, double rectH);
 
     SDL_Rect rect() const { return {x, y, width, height}; }
+    // Asks isInside() of a script's subclass as well.
+    bool isUnder(int mouseX, int mouseY);
     // The attribute as a script sees it; a subclass may have made it its own.
     bool hovered();
 

@@ -54,7 +54,7 @@ void UIButton::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeigh
 bool UIButton::handleClick(MouseClickEvent* event) {
     AbstractUIContainer::handleClick(event);  // the label's answer does not count
     if (!event) raise(PyExc_AttributeError, "a click needs a MouseClickEvent, not None");
-    if (!isEnabled || !call<&UIWidget::isInside>(*this, event->x, event->y)) return false;
+    if (!isEnabled || !isUnder(event->x, event->y)) return false;
     Ref<ButtonClickEvent> click = make<ButtonClickEvent>();
     click->init(Ref<UIButton>::to(*this), event->x, event->y, event->button);
     Ref<> handler = getAttribute(self(), "onClick"_name);
