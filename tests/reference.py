@@ -1,8 +1,7 @@
 """The rendering rules once more, small and slow, for the tests to compare whole frames against.
 
-Plain Python on plain data. Every expression keeps the order of operations of the rules, because
-rounding shows in pixels. `render` draws one frame; the `pick_*` functions and `cast_ray` answer
-the queries. Nothing here is shared with the module that is tested.
+Plain Python on plain data. Every expression keeps the order of operations of the rules, because rounding
+shows in pixels. Nothing here is shared with the module that is tested.
 """
 
 import ctypes
@@ -13,47 +12,48 @@ RADIANS = 0.017453292519943295
 DEGREES = 57.29577951308232
 BACKGROUND = 0xFF00B464
 NO_TEXTURE = 255
-FLOOR, CEILING, NORTH, EAST, SOUTH, WEST = range(1, 7)
+FLOOR, CEILING, NORTH, EAST, SOUTH, WEST = range(1, 7)   # bytes of a cell; byte 0 is the block
 TINY = 1e-14        # stands in for a zero component of a ray
 TOUCHING = 1e-8     # a wall nearer than this is no wall
 
 Image = namedtuple("Image", "w h words")
-Level = namedtuple("Level", "width height cells textures sky fog_density fog_color"
-                            " ground_density ground_color")
-Camera = namedtuple("Camera", "pos dir fov pitch ratio")
+Level = namedtuple("Level", "width height cells textures sky fog_density fog_color ground_density ground_color",
+                   defaults=((), None, 0, 0xFF000000, 0, 0xFFFFFFFF))
+Camera = namedtuple("Camera", "pos dir fov pitch ratio", defaults=((2.5, 2.5), (1, 0), 60, 0, 1.6))
 Hit = namedtuple("Hit", "pos side face texture dist cell")
-Column = namedtuple("Column", "hit ray")   # hit is None where the column shows no wall
 
 
 class Sprite:
-    """One entity with a position and a sprite; `dist` to `speed` change from frame to frame."""
+    """An entity with a position and a sprite; these are the defaults of what describes it."""
 
-    def __init__(self, pos, facing, sheet, x_frames, y_frames, frame_count, directions, oscillate,
-                 speed, start_frame, shadeless, additive, z_offset, scale, percentage):
-        self.pos, self.facing = pos, facing
-        self.sheet, self.x_frames, self.y_frames = sheet, x_frames, y_frames
-        self.w, self.h = sheet.w // x_frames, sheet.h // y_frames
-        self.frame_count, self.directions, self.start_frame = frame_count, directions, start_frame
-        self.oscillate, self.shadeless, self.additive = oscillate, shadeless, additive
-        self.z_offset, self.scale = z_offset, scale
-        self.dist, self.angle_to_cam = 0.0, 0.0
-        self.percentage, self.speed = percentage, speed
+    facing, x_frames, y_frames, frame_count, directions, start_frame = (1.0, 0.0), 1, 1, 1, 1, 0
+    oscillate = shadeless = additive = False
+    z_offset, scale, percentage, speed = 0.0, 1.0, 0.0, 0.0
+    dist = angle_to_cam = 0.0
+
+    def __init__(self, pos, sheet, **changes):
+        self.pos, self.sheet = pos, sheet
+        for name, value in changes.items():
+            setattr(self, name, value)
+        self.w, self.h = sheet.w // self.x_frames, sheet.h // self.y_frames
 
 
-class Frame:
-    """The target's words, and for each of them the name of the pass that wrote it last."""
+class Scene:
+    """What a frame depends on, and after `render` the frame: rows of words, and per column (hit or None, ray)."""
 
-    def __init__(self, width, height):
-        self.width, self.height = width, height
-        self.words = [BACKGROUND] * (width * height)
-        self.passes = ["fill"] * (width * height)
+    def __init__(self, level, camera=Camera(), size=(64, 40), sprites=(), flashlight=None, time_step=0.05):
+        self.level, self.camera, self.sprites = level, camera, list(sprites)
+        self.width, self.height = size
+        self.flashlight, self.time_step = flashlight, time_step
+        self.columns = [(None, (0.0, 0.0))] * self.width
 
-    def get(self, x, y):
-        return self.words[y * self.width + x]
-
-    def put(self, x, y, word, name):
-        self.words[y * self.width + x] = word
-        self.passes[y * self.width + x] = name
+    def render(self):
+        self.frame = [[BACKGROUND] * self.width for _ in range(self.height)]
+        self.camera = self.camera._replace(dir=normalized(self.camera.dir))
+        self.horizon = self.height // 2 + self.camera.pitch
+        render_sky(self)
+        render_columns(self)
+        render_sprites(self)
 
     def rows(self, start, end):
         return range(max(start, 0), min(end, self.height))
@@ -84,6 +84,11 @@ def pixel(image, x, y):
 
 def single(value):
     return ctypes.c_float(value).value
+
+
+def amount(density, dist):
+    """How much fog of a density there is at a distance; 255 is solid."""
+    return min(max(int(density * dist), 0), 255)
 
 
 def foot_fog(ground_fog, y, start, span):
@@ -135,10 +140,7 @@ def hypotenuse_point(block, cell, pos, ray):
 
 
 def make_hit(level, pos, ray, point, cell, side):
-    if side == 1:
-        face = SOUTH if ray[1] < 0 else NORTH
-    else:
-        face = EAST if ray[0] < 0 else WEST
+    face = (SOUTH if ray[1] < 0 else NORTH) if side == 1 else (EAST if ray[0] < 0 else WEST)
     dist = length(point[0] - pos[0], point[1] - pos[1])
     return Hit(point, side, face, cell_byte(level, cell, face), dist, cell)
 
@@ -148,18 +150,14 @@ def own_cell_hit(level, pos, ray):
     cell = int(pos[0]), int(pos[1])
     block = cell_byte(level, cell, 0)
     point = hypotenuse_point(block, cell, pos, ray) if block in HYPOTENUSE else None
-    if point is None:
+    if point is None or any(abs(r) >= 1e-7 and not (to - p) / r > 0 for to, p, r in zip(point, pos, ray)):
         return None
-    for axis in (0, 1):
-        if abs(ray[axis]) >= 1e-7 and not (point[axis] - pos[axis]) / ray[axis] > 0:
-            return None
     side = ray[0] > 0 if block in (2, 4) else ray[0] < 0
     return make_hit(level, pos, ray, point, cell, int(side))
 
 
 def trace(level, pos, direction):
     """Follow a ray: the hit, or None when it leaves the grid, and the ray without zeros."""
-    step = [1 if d > 0 else -1 for d in direction]
     ray = tuple(d if d != 0 else TINY for d in direction)
     if not in_grid(level, *pos):
         return None, ray
@@ -171,8 +169,8 @@ def trace(level, pos, direction):
         return (line[axis], across) if axis == 0 else (across, line[axis])
 
     hit = own_cell_hit(level, pos, ray)
-    points = [crossing(0), crossing(1)]
     while hit is None:
+        points = [crossing(0), crossing(1)]
         dist = [length(p[0] - pos[0], p[1] - pos[1]) for p in points]
         axis = 0 if dist[1] > dist[0] else 1
         point = points[axis]
@@ -180,32 +178,20 @@ def trace(level, pos, direction):
         if ray[axis] < 0:
             cell[axis] -= 1
         if not in_grid(level, *cell):
-            return None, ray
+            break
         block = cell_byte(level, cell, 0)
         if block in OPEN_EDGES and ray[axis] * OPEN_EDGES[block][axis] > 0:
             point = hypotenuse_point(block, cell, pos, ray)
         if block != 0 and point is not None:
             hit = make_hit(level, pos, ray, point, tuple(cell), axis)
-        line[axis] += step[axis]
-        points[axis] = crossing(axis)
+        line[axis] += 1 if direction[axis] > 0 else -1
     return hit, ray
 
 
-# ---- passes
+# ---- sky, walls, floors and ceilings
 
-def render(level, camera, width, height, sprites, time_step, flashlight=None):
-    """One frame: its words, its columns (the depths), and `sprites` sorted and moved on."""
-    frame = Frame(width, height)
-    camera = camera._replace(dir=normalized(camera.dir))
-    horizon = height // 2 + camera.pitch
-    render_sky(frame, level, camera, horizon)
-    columns = render_columns(frame, level, camera, horizon, flashlight)
-    render_sprites(frame, level, camera, horizon, columns, sprites, time_step)
-    return frame, columns
-
-
-def render_sky(frame, level, camera, horizon):
-    sky, w, h = level.sky, frame.width, frame.height
+def render_sky(scene):
+    sky, camera, w, h = scene.level.sky, scene.camera, scene.width, scene.height
     if sky is None:
         return
     deg = atan2(camera.dir[1], camera.dir[0]) * DEGREES
@@ -216,111 +202,81 @@ def render_sky(frame, level, camera, horizon):
             a += 360.0
         sky_x = int(a * column_scale) % sky.w
         for y in range(h):
-            sky_y = int((h - horizon + y) / (2 * h) * sky.h)
-            frame.put(x, y, pixel(sky, sky_x, sky_y), "sky")
+            scene.frame[y][x] = pixel(sky, sky_x, int((h - scene.horizon + y) / (2 * h) * sky.h))
 
 
-def render_columns(frame, level, camera, horizon, flashlight):
-    columns = []
+def render_columns(scene):
+    camera, horizon = scene.camera, scene.horizon
+    scene.columns = []
     ray = rotated(camera.dir, camera.fov * -0.5 * RADIANS)
-    for x in range(frame.width):
-        hit, ray = trace(level, camera.pos, ray)
+    for x in range(scene.width):
+        hit, ray = trace(scene.level, camera.pos, ray)
         if hit is None or hit.dist < TOUCHING:
             hit, start, end = None, horizon, horizon + 1
         else:
-            half = int(frame.height / camera.ratio / hit.dist + 0.5)
+            half = int(scene.height / camera.ratio / hit.dist + 0.5)
             start = max(horizon - half, 0)
-            end = min(horizon + half, frame.height - 1)
-            render_wall(frame, level, hit, ray, x, start, end, horizon, half)
-            if flashlight is not None:
-                render_flashlight(frame, flashlight, hit.dist, x, start, end)
-        columns.append(Column(hit, ray))
-        render_floor(frame, level, camera, ray, x, end, horizon)
-        render_ceiling(frame, level, camera, ray, x, start, horizon)
-        ray = rotated(ray, camera.fov / frame.width * RADIANS)
-    return columns
+            end = min(horizon + half, scene.height - 1)
+            render_wall(scene, hit, ray, x, start, end, half)
+            if scene.flashlight is not None:
+                render_flashlight(scene, hit.dist, x, start, end)
+        scene.columns.append((hit, ray))
+        render_flat(scene, FLOOR, ray, x, scene.rows(max(end, horizon + 1), scene.height))  # never above the horizon
+        render_flat(scene, CEILING, ray, x, scene.rows(0, start))
+        ray = rotated(ray, camera.fov / scene.width * RADIANS)
 
 
-def render_wall(frame, level, hit, ray, x, start, end, horizon, half):
+def render_wall(scene, hit, ray, x, start, end, half):
+    level = scene.level
     u = hit.pos[1 - hit.side]
     u -= int(u)
     if (ray[1] > 0) if hit.side == 1 else (ray[0] < 0):
         u = 1 - u
-    fog = int(hit.dist * level.fog_density)
-    ground_fog = min(int(level.ground_density * hit.dist), 255)
-    if fog >= 255:
-        for y in frame.rows(start, end):
-            frame.put(x, y, level.fog_color, "wall in solid fog")
-        return
-    if hit.texture >= len(level.textures):
-        return
-    texture = level.textures[hit.texture]
-    tex_x = int(u * texture.w)
-    tex_step = texture.h / (2 * half + 1)
-    tex_pos = (start - (horizon - half)) * tex_step
-    for y in frame.rows(start, end):
-        texel = pixel(texture, tex_x, int(tex_pos))
-        if level.ground_density > 0:
-            texel = mix(texel, level.ground_color, foot_fog(ground_fog, y, start, 2 * half))
-        frame.put(x, y, mix(texel, level.fog_color, fog), "wall")
-        tex_pos += tex_step
+    fog, ground_fog = amount(level.fog_density, hit.dist), amount(level.ground_density, hit.dist)
+    if fog == 255:
+        for y in scene.rows(start, end):
+            scene.frame[y][x] = level.fog_color
+    elif hit.texture < len(level.textures):
+        texture = level.textures[hit.texture]
+        tex_step = texture.h / (2 * half + 1)
+        tex_pos = (start - (scene.horizon - half)) * tex_step
+        for y in scene.rows(start, end):
+            texel = pixel(texture, int(u * texture.w), int(tex_pos))
+            if level.ground_density > 0:
+                texel = mix(texel, level.ground_color, foot_fog(ground_fog, y, start, 2 * half))
+            scene.frame[y][x] = mix(texel, level.fog_color, fog)
+            tex_pos += tex_step
 
 
-def render_flashlight(frame, mask, dist, x, start, end):
-    alpha = min(int(512.0 / (dist * dist)), 255)
-    position = 0
-    for y in frame.rows(start, end):
-        light = pixel(mask, int(x / frame.width * mask.w), int(position))
-        frame.put(x, y, add_light(frame.get(x, y), light, alpha), "flashlight")
+def render_flashlight(scene, dist, x, start, end):
+    mask, position = scene.flashlight, 0
+    strength = min(int(512.0 / (dist * dist)), 255)
+    for y in scene.rows(start, end):
+        light = pixel(mask, int(x / scene.width * mask.w), int(position))
+        scene.frame[y][x] = add_light(scene.frame[y][x], light, strength)
         position += 3.0 / dist
         if position >= mask.h:
             break
 
 
-def flat_point(level, camera, ray, row_dist):
-    """The point of a floor or ceiling at that distance along the column's ray, or None."""
-    x, y = row_dist * ray[0] + camera.pos[0], row_dist * ray[1] + camera.pos[1]
-    return (x, y) if in_grid(level, x, y) else None
-
-
-def flat_texel(texture, point):
-    x, y = point
-    return pixel(texture, int((x - int(x)) * texture.w), int((y - int(y)) * texture.h))
-
-
-def render_floor(frame, level, camera, ray, x, end, horizon):
-    for y in frame.rows(max(end, horizon + 1), frame.height):   # there is no floor above the horizon
-        row_dist = frame.height / camera.ratio / (y - horizon)
-        point = flat_point(level, camera, ray, row_dist)
-        if point is None:
+def render_flat(scene, plane, ray, x, rows):
+    """The rows of a column that show the floor or the ceiling."""
+    level, camera = scene.level, scene.camera
+    for y in rows:
+        row_dist = scene.height / camera.ratio / abs(y - scene.horizon)
+        point = row_dist * ray[0] + camera.pos[0], row_dist * ray[1] + camera.pos[1]
+        if not in_grid(level, *point):
             continue
-        ground_fog = min(max(int(level.ground_density * row_dist), 0), 255)
-        fog = int(row_dist * level.fog_density)
-        index = cell_byte(level, (int(point[0]), int(point[1])), FLOOR)
-        if index == NO_TEXTURE:
-            continue
-        if fog >= 255:
-            frame.put(x, y, level.fog_color, "floor in solid fog")
+        cell = int(point[0]), int(point[1])
+        index, fog = cell_byte(level, cell, plane), amount(level.fog_density, row_dist)
+        if fog == 255 and index != NO_TEXTURE:
+            scene.frame[y][x] = level.fog_color
         elif index < len(level.textures):
-            texel = mix(flat_texel(level.textures[index], point), level.ground_color, ground_fog)
-            frame.put(x, y, mix(texel, level.fog_color, fog), "floor")
-
-
-def render_ceiling(frame, level, camera, ray, x, start, horizon):
-    for y in frame.rows(0, start):
-        row_dist = frame.height / camera.ratio / (horizon - y)
-        point = flat_point(level, camera, ray, row_dist)
-        if point is None:
-            continue
-        fog = int(row_dist * level.fog_density)
-        index = cell_byte(level, (int(point[0]), int(point[1])), CEILING)
-        if index == NO_TEXTURE:
-            continue
-        if fog >= 255:
-            frame.put(x, y, level.fog_color, "ceiling in solid fog")
-        elif index < len(level.textures):
-            texel = flat_texel(level.textures[index], point)
-            frame.put(x, y, mix(texel, level.fog_color, fog), "ceiling")
+            texture = level.textures[index]
+            texel = pixel(texture, int((point[0] - cell[0]) * texture.w), int((point[1] - cell[1]) * texture.h))
+            if plane == FLOOR:
+                texel = mix(texel, level.ground_color, amount(level.ground_density, row_dist))
+            scene.frame[y][x] = mix(texel, level.fog_color, fog)
 
 
 # ---- sprites
@@ -331,95 +287,89 @@ def to_view(camera, pos):
     return rotated((pos[0] - camera.pos[0], pos[1] - camera.pos[1]), angle)
 
 
+def sort_sprites(scene):
+    """The farthest first; of two at one distance the order stays."""
+    eye = scene.camera.pos
+    for sprite in scene.sprites:
+        sprite.dist = length(eye[0] - sprite.pos[0], eye[1] - sprite.pos[1])
+    scene.sprites.sort(key=lambda sprite: sprite.dist, reverse=True)
+
+
 def advance_animation(sprite, time_step):
     sprite.percentage += sprite.speed * time_step
-    if sprite.oscillate and sprite.percentage >= 1.0:
+    if sprite.oscillate and not 0.0 <= sprite.percentage < 1.0:
         sprite.speed = -sprite.speed
-        sprite.percentage -= 1.0 / sprite.frame_count
-    elif sprite.oscillate and sprite.percentage < 0.0:
-        sprite.speed = -sprite.speed
-        sprite.percentage += 1.0 / sprite.frame_count
-    elif not sprite.oscillate and sprite.percentage >= 1.0:
+        sprite.percentage += (1.0 if sprite.percentage < 0.0 else -1.0) / sprite.frame_count
+    elif sprite.percentage >= 1.0:
         sprite.percentage = 0.0
 
 
 def sheet_corner(sprite):
     """Top left pixel of the frame to show, by animation step and viewing direction."""
-    step = int(sprite.percentage * sprite.frame_count)
+    step = max(int(sprite.percentage * sprite.frame_count), 0)
     dirs = sprite.directions
     view = int(dirs * (sprite.angle_to_cam + 1.0 / (2 * dirs))) % dirs
     frame = step * dirs + sprite.start_frame + view
     return frame % sprite.x_frames * sprite.w, frame // sprite.x_frames * sprite.h
 
 
-def render_sprites(frame, level, camera, horizon, columns, sprites, time_step):
-    for sprite in sprites:
+def render_sprites(scene):
+    camera, half_w = scene.camera, scene.width // 2
+    sort_sprites(scene)
+    for sprite in scene.sprites:
         diff = camera.pos[0] - sprite.pos[0], camera.pos[1] - sprite.pos[1]
-        sprite.dist = length(*diff)
         turn = atan2(diff[1], diff[0]) - atan2(sprite.facing[1], sprite.facing[0])
         sprite.angle_to_cam = 1.0 - (turn + 3.141592653589793) / 6.283185307179586 + 0.5
-    sprites.sort(key=lambda sprite: sprite.dist, reverse=True)
-    for number, sprite in enumerate(sprites):
-        advance_animation(sprite, time_step)
+    for sprite in scene.sprites:
+        advance_animation(sprite, scene.time_step)
         depth, right = to_view(camera, sprite.pos)
         if not depth > 0:
             continue
-        half_w = frame.width // 2
-        projected = right / depth * frame.width + half_w
-        if not -2 ** 31 <= projected < 2 ** 31:
-            continue
-        screen_x = int(int(projected) - (int(projected) - half_w) * 0.25)
-        half_h = int(frame.height / camera.ratio / depth)
+        half_h = int(scene.height / camera.ratio / depth)
         if half_h == 0:
             return      # too far away to have a size: ends the pass with a ZeroDivisionError
-        draw_sprite(frame, level, sprite, depth, screen_x, half_h, horizon, columns,
-                    "sprite {} from the back".format(number))
+        projected = right / depth * scene.width + half_w
+        if -2 ** 31 <= projected < 2 ** 31:
+            screen_x = int(int(projected) - (int(projected) - half_w) * 0.25)
+            draw_sprite(scene, sprite, depth, screen_x, half_h)
 
 
-def draw_sprite(frame, level, sprite, depth, screen_x, half_h, horizon, columns, name):
-    scale = sprite.scale
-    end_x = min(int(screen_x + half_h * scale), frame.width)
-    start_x = int(screen_x - half_h * scale)
-    step_x = sprite.w / (half_h * 2) / scale
-    step_y = sprite.h / (half_h * 2) / scale
-    end_y = min(int(horizon + half_h * scale + half_h * sprite.z_offset), frame.height)
-    start_y = int(half_h * sprite.z_offset + (horizon - half_h * scale))
-    tex_x = top = 0
-    if start_x < 0:
-        tex_x, start_x = -start_x * step_x, 0
-    if start_y < 0:
-        top, start_y = start_y * -step_y, 0
-    fog = min(int(level.fog_density * sprite.dist), 255)
-    ground_fog = min(max(int(level.ground_density * sprite.dist), 0), 255)
+def extent(low, high, screen, step):
+    """The pixels that a sprite covers along one axis, and the texel of the first."""
+    start, end = int(low), min(int(high), screen)
+    return (0, end, -start * step) if start < 0 else (start, end, 0)
+
+
+def draw_sprite(scene, sprite, depth, screen_x, half_h):
+    level, horizon = scene.level, scene.horizon
+    size, lift = half_h * sprite.scale, half_h * sprite.z_offset
+    step_x = sprite.w / (half_h * 2) / sprite.scale
+    step_y = sprite.h / (half_h * 2) / sprite.scale
+    start_x, end_x, tex_x = extent(screen_x - size, screen_x + size, scene.width, step_x)
+    start_y, end_y, top = extent(lift + (horizon - size), horizon + size + lift, scene.height, step_y)
+    fog, ground_fog = amount(level.fog_density, sprite.dist), amount(level.ground_density, sprite.dist)
     left, upper = sheet_corner(sprite)
+    blend = add_light if sprite.additive else mix
     for x in range(start_x, end_x):
-        hit = columns[x].hit
-        tex_y = top
+        hit, tex_y = scene.columns[x][0], top
         for y in range(start_y, end_y) if hit is None or hit.dist > depth else ():
             p = pixel(sprite.sheet, int(tex_x) + left, int(tex_y) + upper)
             if not sprite.shadeless:
-                g = foot_fog(ground_fog, y, start_y, end_y - start_y)
-                p = mix(mix(p, level.ground_color, g), level.fog_color, fog)
-            blend = add_light if sprite.additive else mix
-            frame.put(x, y, blend(frame.get(x, y), p, p >> 24), name)
+                p = mix(p, level.ground_color, foot_fog(ground_fog, y, start_y, end_y - start_y))
+                p = mix(p, level.fog_color, fog)
+            scene.frame[y][x] = blend(scene.frame[y][x], p, p >> 24)
             tex_y += step_y
         tex_x += step_x
 
 
-# ---- queries
+# ---- picking
 
-def cast_ray(level, pos, direction):
-    hit, _ = trace(level, pos, direction)
-    return None if hit is None else hit.pos
-
-
-def pick_sprite(camera, width, height, columns, sprites, x, y):
+def pick_sprite(scene, x, y):
+    camera, width, height = scene.camera, scene.width, scene.height
     horizon = 0.5 * height + camera.pitch
-    for sprite in sprites:
-        sprite.dist = length(camera.pos[0] - sprite.pos[0], camera.pos[1] - sprite.pos[1])
-    sprites.sort(key=lambda sprite: sprite.dist, reverse=True)
-    hit, result = columns[x].hit, None
-    for sprite in sprites:
+    sort_sprites(scene)
+    hit, result = scene.columns[x][0], None
+    for sprite in scene.sprites:
         depth, right = to_view(camera, sprite.pos)
         if not depth > 0 or (hit is not None and hit.dist < depth):
             continue
@@ -431,11 +381,11 @@ def pick_sprite(camera, width, height, columns, sprites, x, y):
     return result
 
 
-def pick_point(camera, height, columns, x, y):
+def pick_point(scene, x, y):
     """(face, x, y): floats on floor and ceiling, the cell on a wall; None on the bare horizon."""
-    hit, ray = columns[x]
-    horizon = 0.5 * height + camera.pitch
-    scale = height / camera.ratio
+    hit, ray = scene.columns[x]
+    horizon = 0.5 * scene.height + scene.camera.pitch
+    scale = scene.height / scene.camera.ratio
     wall_half = 0 if hit is None or hit.dist == 0 else int(scale / hit.dist)
     if y > horizon + wall_half:
         face, row_dist = FLOOR, scale / (y - horizon)
@@ -443,4 +393,4 @@ def pick_point(camera, height, columns, x, y):
         face, row_dist = CEILING, scale / (horizon - y)
     else:
         return None if hit is None else (hit.face,) + hit.cell
-    return face, ray[0] * row_dist + camera.pos[0], ray[1] * row_dist + camera.pos[1]
+    return face, ray[0] * row_dist + scene.camera.pos[0], ray[1] * row_dist + scene.camera.pos[1]

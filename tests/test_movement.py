@@ -13,7 +13,6 @@ from zelvarine import (AbstractSystem, CollisionBodySystem, CollisionComponent, 
                        MovementSystem, PositionComponent, Vector2, VelocityComponent)
 
 NAN, INF = float("nan"), float("inf")
-TINY = 1e-14  # a ray along an axis has this much of the other
 S = 0.707107
 DIRECTIONS = [(0, -1), (1, 0), (0, 1), (-1, 0), (S, S), (-S, -S), (-S, S), (S, -S)]
 
@@ -86,7 +85,7 @@ def move(grid, body, bodies, timeStep):
     movement = [(v + i) * timeStep for v, i in zip(body.velocity, body.impulse)]
     target = [p + m for p, m in zip(body.pos, movement)]
     found = []
-    for other in bodies if body.radius is not None else ():
+    for other in bodies if body in bodies else ():
         if other is body or set(body.collision["ignoreFlags"]) & set(other.collision["hasFlags"]):
             continue
         diff = other.pos[0] - target[0], other.pos[1] - target[1]
@@ -95,12 +94,11 @@ def move(grid, body, bodies, timeStep):
             found.append(other)
             if not other.collision["isOnlyTrigger"]:
                 target = [p + (m + d * gap) for p, m, d in zip(body.pos, movement, normalized(diff))]
-    for direction in DIRECTIONS if body.radius is not None else ():
+    for direction in DIRECTIONS if body in bodies else ():
         hit, ray = trace(grid, body.pos, direction)
         if hit is not None and hit.dist < body.radius:
             found.append(None)
-            depth = body.radius - length(hit.pos[0] - body.pos[0], hit.pos[1] - body.pos[1])
-            target = [t + -r * depth for t, r in zip(target, ray)]
+            target = [t + -r * (body.radius - hit.dist) for t, r in zip(target, ray)]
     body.pos = tuple(target)
     return found
 
@@ -114,15 +112,14 @@ class Overridden(MovementSystem):
         MovementSystem._updateEntity(self, entity, timeStep * 2)
 
 
-@pytest.mark.parametrize("cls, seed", [(MovementSystem, 0), (Overridden, 1), (MovementSystem, 2)])
+@pytest.mark.parametrize("cls, seed", [(MovementSystem, 0), (Overridden, 1)])
 def test_a_crowd_moves_as_the_rules_say(cls, seed):
     world, rng = World(cls), random.Random(seed)
     for x in range(30):
         for y in range(30):
             if rng.random() < 0.15:
                 world.level.setBlock(int(rng.random() * 6), x, y)  # the walls around get holes, too
-    cells = bytes(world.level.getTextureIndex(part, x, y) for y in range(30) for x in range(30) for part in range(7))
-    grid = Grid(30, 30, cells, *[None] * 6)
+    grid = Grid(30, 30, [world.level.getTextureIndex(part, x, y) for y in range(30) for x in range(30) for part in range(7)])
     crowd = [Body(rng) for _ in range(50)]
     bodies = [body for body in crowd if body.radius is not None]
     entities = {body: world.add(*body.pos, velocity=body.velocity, impulse=body.impulse, friction=body.friction,
@@ -145,55 +142,28 @@ def test_a_crowd_moves_as_the_rules_say(cls, seed):
 
 # ---- worked examples
 
-@pytest.mark.parametrize("impulse, friction, left, moved", [
-    ((1, 0), 2.0, 0.5, 0.125), ((1, 0), -2.0, 0.5, 0.125), ((0.0001, 0), 0.0, 0.0, 0.0), ((0.4, 0), 2.0, 0.0, 0.0),
-    ((1, 0), 0.0, 1.0, 0.25), ((NAN, 0), 2.0, 0.0, 0.0)])
-def test_impulses_decay_before_they_move(world, impulse, friction, left, moved):
-    entity = world.add(4, 5, velocity=(2, 1), impulse=impulse, friction=friction)
-    velocity = entity.getComponent(VelocityComponent)
-    held = velocity.impulse
-    assert world.step(0.25) == []
-    assert at(entity) == (4.5 + moved, 5.25)
-    assert (held.x, held.y) == (left, 0.0) and velocity.impulse is held
-    assert (velocity.velocity.x, velocity.velocity.y) == (2.0, 1.0)
-
-
-def test_a_push_goes_against_the_ray_not_along_the_normal(world):
-    entity = world.add(28.7, 5.5, velocity=(0.1, 0.2), radius=0.4)
-    near = world.add(28.7, 9.5, velocity=(0, 0.25), radius=0.5)
-    depth, slanted = 0.4 - (29 - 28.7), S * (0.5 - 0.3 * math.sqrt(2))
-    assert world.step() == [(entity, None)] + [(near, None)] * 3  # nearer than 0.7 of the radius, diagonal rays push, too
-    assert at(entity) == (28.7 + 0.1 - depth, 5.5 + 0.2 - TINY * depth)
-    assert at(near) == pytest.approx((28.7 - 0.2 - 2 * slanted, 9.75))
-
-
-@pytest.mark.parametrize("block, pushed", [(2, (1, 1)), (3, (-1, 1)), (4, (1, -1)), (5, (-1, -1))])
-def test_the_slope_of_a_triangle_pushes_into_its_open_half(world, block, pushed):
-    world.level.setBlock(block, 10, 10)
-    x, y = 10.5 + 0.1 * pushed[0], 10.5 + 0.1 * pushed[1]
-    entity = world.add(x, y, velocity=(0, 0), radius=0.18)
-    assert world.step() == [(entity, None)]
-    push = S * (0.18 - 0.1 * math.sqrt(2))
-    assert at(entity) == pytest.approx((x + pushed[0] * push, y + pushed[1] * push))
-
-
-@pytest.mark.parametrize("x, radius, expected", [(3.5, 1.0, 3.0), (3.0, 1.0, 3.0), (5.0, 1.0, 5.0), (5.5, 0.25, 6.25)],
-                         ids=["overlap", "touch", "no direction", "beyond the centre"])
-def test_overlapping_bodies(world, x, radius, expected):
-    other = world.add(5, 5, radius=1.0, ignoreFlags=["mover"])  # only the mover's own list counts
-    mover = world.add(x - 0.5, 5, velocity=(0.5, 0), radius=radius, hasFlags=["mover"])
-    assert world.step() == ([] if x == 3.0 else [(mover, other)])
-    assert (at(mover), at(other)) == ((expected, 5), (5, 5))
-
-
-def test_triggers_and_ignored_flags_let_pass(world):
-    trigger, ghost = world.add(5, 5, radius=1, isOnlyTrigger=True), world.add(5, 5.5, radius=1, hasFlags=["x", "ghost"])
-    mover = world.add(4.5, 5, velocity=(0.25, 0), radius=0.5, ignoreFlags=["y", "ghost"])
-    bodiless = world.add(4.5, 5, velocity=(0.25, 0))
-    assert world.step() == world.step() == [(mover, trigger)]
-    assert at(mover) == at(bodiless) == (5.0, 5.0)
-    mover.getComponent(CollisionComponent).ignoreFlags = None
-    assert world.step() == [(mover, trigger), (mover, ghost)]
+@pytest.mark.parametrize("other, mover, met, expected", [
+    # impulses decay before they move; what is left of a small one is nothing
+    (None, dict(x=3, velocity=(2, 1), impulse=(1, 0), friction=-0.5), 0, (5.5, 6)),
+    (None, dict(x=3, velocity=(2, 1), impulse=(0.0001, 0), friction=0.0), 0, (5, 6)),
+    (None, dict(x=3, velocity=(2, 1), impulse=(0.4, 0), friction=0.5), 0, (5, 6)),
+    (None, dict(x=3, velocity=(2, 1), impulse=(NAN, 0)), 0, (5, 6)),
+    # bodies push the target away
+    (dict(radius=1), dict(x=3, velocity=(0.5, 0), radius=1), 1, (3, 5)),
+    (dict(radius=1), dict(x=2, velocity=(1, 0), radius=1), 0, (3, 5)),      # they only touch
+    (dict(radius=1), dict(x=4.5, velocity=(0.5, 0), radius=1), 1, (5, 5)),  # no direction to go
+    (dict(radius=1), dict(x=5, velocity=(0.5, 0), radius=0.25), 1, (6.25, 5)),
+    (dict(radius=1, isOnlyTrigger=True), dict(x=4, velocity=(0.5, 0), radius=1), 1, (4.5, 5)),
+    (dict(radius=1, hasFlags=["x", "ghost"]), dict(x=4, velocity=(0.5, 0), radius=1, ignoreFlags=["y", "ghost"]), 0, (4.5, 5)),
+    (dict(radius=1, ignoreFlags=["x"]), dict(x=3, velocity=(0.5, 0), radius=1, hasFlags=["x"]), 1, (3, 5)),  # one way only
+    (dict(radius=1), dict(x=4, velocity=(0.5, 0)), 0, (4.5, 5)),
+    # walls push against the ray, not along the normal, diagonal rays, too
+    (None, dict(x=28.7, velocity=(0.1, 0.2), radius=0.4), 1, (28.7, 5.2)),
+    (None, dict(x=28.7, velocity=(0, 0.25), radius=0.5), 3, (28.5 - 2 * S * (0.5 - 0.3 * math.sqrt(2)), 5.25))])
+def test_one_step(world, other, mover, met, expected):
+    body, mover = other and world.add(5, 5, **other), world.add(y=5, **mover)
+    assert world.step() == [(mover, body)] * met
+    assert at(mover) == pytest.approx(expected)
 
 
 # ---- scripts in the middle of a step
@@ -212,9 +182,6 @@ def test_handlers_change_bodies(world):
     world.react(change)
     assert world.step() == [(mover, first), (mover, last)]
     assert (at(mover), at(other)) == ((3.5, 5), (22, 20))  # from where it is now, 1 away from the body as it is now
-    first.getComponent(PositionComponent).pos = None
-    with pytest.raises(AttributeError):
-        world.step()
 
 
 @pytest.mark.parametrize("name, value", [("_level", None), ("_level", Level.__new__(Level)), ("_engine", None)])
@@ -230,17 +197,15 @@ def test_handlers_change_the_system(world, name, value):
     assert world.events == [(mover, bystander)]
 
 
-def test_an_engine_may_go_while_it_reports():
+def test_an_engine_may_go_while_it_reports(world):
     class Fleeting(Engine):
         def fireEvent(self, event, eventType=None):
-            system._engine = None
+            world.system._engine = None
             gc.collect()
             seen.append((event.entity1, event.entity2, self.isRunning()))
 
-    system, seen = MovementSystem(Level()), []
-    mover = Entity(-1, PositionComponent(Vector2(1.3, 5.5)), VelocityComponent(), CollisionComponent(0.4))
-    system._engine = Fleeting()
-    system._updateEntity(mover, 1)
+    seen, mover, world.system._engine = [], world.add(1.3, 5.5, velocity=(0, 0), radius=0.4), Fleeting()
+    world.step()
     assert seen == [(mover, None, False)]
 
 
@@ -249,20 +214,17 @@ def test_own_entities_and_vectors_answer_anew_to_every_mover(world):
         size = 0
 
         def getComponent(self, componentType):
-            if componentType is not CollisionComponent:
-                return Entity.getComponent(self, componentType)
-            self.size += 1
-            return CollisionComponent(self.size)
+            if componentType is CollisionComponent:
+                self.size += 1
+                return CollisionComponent(self.size)
+            return Entity.getComponent(self, componentType)
 
     class Replacing(Vector2):
         def add(self, other):
-            plain.removeComponentType(CollisionComponent)
-            plain.addComponent(CollisionComponent(other.x))
+            plain._components[CollisionComponent] = CollisionComponent(2)
 
-    plain = world.add(10, 10, radius=1)
-    first = world.add(10, 12, velocity=(0, 0), radius=0.5)
-    replacing = world.add(0, 0, velocity=(2, 1))
-    replacing.getComponent(PositionComponent).pos = Replacing(0, 0)
+    plain, first = world.add(10, 10, radius=1), world.add(10, 12, velocity=(0, 0), radius=0.5)
+    world.add(0, 0, velocity=(0, 0)).getComponent(PositionComponent).pos = Replacing(0, 0)
     second = world.add(10, 8, velocity=(0, 0), radius=0.5)
     assert world.step() == [(second, plain)]
     swelling = world.add(20, 20, radius=1, cls=Swelling)
@@ -272,29 +234,14 @@ def test_own_entities_and_vectors_answer_anew_to_every_mover(world):
 
 
 def test_the_bodies_come_along():
-    told = []
-
-    class Registry(Ecs):
-        def addSystem(self, system):
-            told.append(("add", system))
-            Ecs.addSystem(self, system)
-
-        def removeSystem(self, system):
-            told.append(("remove", system))
-            Ecs.removeSystem(self, system)
-
-    engine, registry, system = Engine(), Registry(None), MovementSystem(None)
-    bodies = system._cbs
+    engine, registry, system = Engine(), Ecs(None), MovementSystem(None)
+    both = [system, system.collisionBodySystem]
     engine.ecs.addSystem(system)
-    assert engine.ecs.getSystems() == [system, bodies] and bodies.getEcs() is engine.ecs and bodies.getEngine() is engine
+    assert engine.ecs.getSystems() == both and both[1].getEcs() is engine.ecs and both[1].getEngine() is engine
     registry.addSystem(system)
-    assert engine.ecs.getSystems() == [system] and registry.getSystems() == [system, bodies]
+    assert (engine.ecs.getSystems(), registry.getSystems()) == ([system], both)
     registry.removeSystem(system)
-    assert (registry.getSystems(), system.getEcs(), bodies.getEcs(), bodies.getEngine()) == ([], None, None, None)
-    assert told == [("add", system), ("add", bodies), ("remove", system), ("remove", bodies)]
-    system._cbs = None
-    registry.addSystem(system)
-    assert registry.getSystems() == [system] and system.collisionBodySystem is None
+    assert registry.getSystems() == [] == [one for one in both if one.getEcs()] and both[1].getEngine() is None
 
 
 # ---- rays against bodies
@@ -312,12 +259,11 @@ def meeting(center, radius, start, end):
     return (start[0] + single(dx * t), start[1] + single(dy * t)) if t > 0 else None
 
 
-@pytest.mark.parametrize("seed", range(3))
-def test_rays_meet_bodies_as_the_rules_say(world, seed):
-    rng = random.Random(seed)
+def test_rays_meet_bodies_as_the_rules_say(world):
+    rng = random.Random(0)
     bodies = [((rng.uniform(-9, 40), rng.uniform(-9, 40)), rng.uniform(0, 3)) for _ in range(60)]
     entities = [world.add(*center, radius=radius) for center, radius in bodies]
-    for _ in range(80):
+    for _ in range(200):
         start, direction = (rng.uniform(0, 30), rng.uniform(0, 30)), (rng.uniform(-1, 1), rng.uniform(-1, 1))
         reach, unit, expected = rng.uniform(0, 40), normalized(direction), []
         limit = single(reach)
@@ -331,15 +277,13 @@ def test_rays_meet_bodies_as_the_rules_say(world, seed):
         assert found == sorted(expected, key=lambda pair: pair[1]) and (ray.x, ray.y) == unit
 
 
-@pytest.mark.parametrize("center, radius, reach, dist", [
-    ((5, 0), 1, 10, 4), ((5, 0), 1, 4, None), ((-5, 0), 1, 10, None), ((0.5, 0), 1, 10, 1.5), ((5, 1), 1, 10, 5),
-    ((-5, 1), 1, 10, None), ((5, 0), 0, 10, 5), ((5, 0), 1, 0, None), ((5, 0), 1, -10, None), ((NAN, 0), 1, 10, None),
-    ((5, 0), INF, 10, None), ((5, 0), 1, NAN, None), ((5, 0), 1, INF, None), ((5, 0), 1, 1e300, None)])
-def test_a_ray_along_the_axis(world, center, radius, reach, dist):
-    pair = [world.add(*center, radius=radius) for _ in range(2)]
+@pytest.mark.parametrize("center, reach, dist", [
+    ((5, 0), 10, 4), ((5, 0), 4, None), ((-5, 0), 10, None), ((0.5, 0), 10, 1.5), ((5, 1), 10, 5), ((-5, 1), 10, None),
+    ((5, 0), 0, None), ((5, 0), -10, None), ((NAN, 0), 10, None), ((5, 0), NAN, None), ((5, 0), INF, None)])
+def test_a_ray_along_the_axis(world, center, reach, dist):
+    pair = [world.add(*center, radius=1) for _ in range(2)]
     found = world.system._cbs.traceEntities(Vector2(0, 0), Vector2(5, 0), maxDist=reach)
     assert found == ([] if dist is None else [(entity, dist) for entity in pair])
-    assert world.system._cbs.traceEntities(Vector2(0, 0), Vector2(0, 0), 10) == []
 
 
 # ---- wild values
@@ -357,21 +301,21 @@ def test_wild_numbers_end_in_peace(world, value):
 
 
 def test_what_is_missing_raises_or_does_not_matter(world):
-    mover, blank = world.add(1.2, 5, velocity=(1, 0), radius=0.25), MovementSystem.__new__(MovementSystem)
-    for system in (blank, CollisionBodySystem.__new__(CollisionBodySystem)):
+    mover, vector, missing = world.add(1.2, 5, velocity=(1, 0), radius=0.25), Vector2(1, 0), MovementSystem.__new__(MovementSystem)
+    for system in (missing, CollisionBodySystem.__new__(CollisionBodySystem)):
         system.update(1.0)
         Ecs(None).addSystem(system)
     MovementSystem(None)._updateEntity(mover, 1)
     assert at(mover) == (2.2, 5)
     lacking = Entity(-1, PositionComponent(), VelocityComponent.__new__(VelocityComponent))
-    for system, entity in ((blank, mover), *((world.system, e) for e in (Entity(), lacking, None, 5))):
+    for system, entity in ((missing, mover), *((world.system, entity) for entity in (Entity(), lacking, None, 5))):
         with pytest.raises(AttributeError):
             system._updateEntity(entity, 1)
-    vector, trace = Vector2(1, 0), world.system._cbs.traceEntities
-    for wrong in (lambda: setattr(world.system, "_level", 5), lambda: setattr(world.system, "_cbs", AbstractSystem()),
-                  lambda: trace(None, vector, 1), lambda: trace(vector, None, 1), lambda: trace(vector, vector, "1")):
+    for wrong in ((None, vector, 1), (vector, None, 1), (vector, vector, "1")):
         with pytest.raises(TypeError):
-            wrong()
+            world.system._cbs.traceEntities(*wrong)
+    with pytest.raises(TypeError):
+        world.system._cbs = AbstractSystem()
     world.system._cbs._entities.append("no entity")
     with pytest.raises(AttributeError):
         world.step()

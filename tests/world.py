@@ -12,8 +12,6 @@ from zelvarine import Vector2
 class SteadyEngine(zelvarine.Engine):
     """An engine whose frames all last the same time."""
 
-    timeStep = 0.0
-
     def getTimeStep(self):
         return self.timeStep
 
@@ -31,14 +29,8 @@ def level(plain, folder):
         texture(image).saveFile(os.path.join(str(folder), name))
         return name
 
-    def rgb(word):
-        return [word >> 16 & 255, word >> 8 & 255, word & 255]
-
-    description = {
-        "width": plain.width, "height": plain.height,
-        "textures": [save("{}.png".format(i), t) for i, t in enumerate(plain.textures)],
-        "fogDensity": plain.fog_density, "fogColor": rgb(plain.fog_color),
-        "groundFogDensity": plain.ground_density, "groundFogColor": rgb(plain.ground_color)}
+    description = {"width": plain.width, "height": plain.height,
+                   "textures": [save("{}.png".format(i), t) for i, t in enumerate(plain.textures)]}
     if plain.sky is not None:
         description["skytex"] = save("sky.png", plain.sky)
     path = os.path.join(str(folder), "scene.lvl")
@@ -57,7 +49,7 @@ def entity(sprite):
         zelvarine.BLENDMODE_ADD if sprite.additive else zelvarine.BLENDMODE_BLEND)
     component.animationPercentage = sprite.percentage
     result = zelvarine.Entity(-1, zelvarine.PositionComponent(Vector2(*sprite.pos)), component)
-    if sprite.facing != (1.0, 0.0):
+    if sprite.facing != (1.0, 0.0):     # what an entity without a rotation looks like
         result.addComponent(zelvarine.RotationComponent(Vector2(*sprite.facing)))
     return result
 
@@ -67,7 +59,7 @@ class World:
 
     def __init__(self, scene, folder):
         self.scene = scene
-        self.target = zelvarine.Texture(*scene.size)
+        self.target = zelvarine.Texture(scene.width, scene.height)
         self.level = level(scene.level, folder)
         self.renderer = zelvarine.RaycastingRenderer(self.target, self.level)
         self.engine = SteadyEngine()
@@ -76,46 +68,38 @@ class World:
         self.entities = {sprite: entity(sprite) for sprite in scene.sprites}
         for sprite in scene.sprites:
             self.engine.ecs.addEntity(self.entities[sprite])
-        if scene.flashlight is not None:
-            self.renderer._setFlashlight(texture(scene.flashlight))
-        self.aim(scene.camera)
+        self.adopt()
 
-    def aim(self, camera):
-        """Points the cameras of both sides."""
-        own = self.renderer.getCamera()
-        own.pos.x, own.pos.y = camera.pos
-        own.dir.x, own.dir.y = camera.dir
-        own.fov, own.pitch, own.ratio = camera.fov, camera.pitch, camera.ratio
-        self.scene.camera = camera
+    def adopt(self):
+        """Gives the module the scene's camera, fog and flashlight."""
+        scene, camera, level = self.scene, self.renderer.getCamera(), self.level
+        (camera.pos.x, camera.pos.y), (camera.dir.x, camera.dir.y), *numbers = scene.camera
+        camera.fov, camera.pitch, camera.ratio = numbers
+        level.fogDensity, level.groundFogDensity = scene.level.fog_density, scene.level.ground_density
+        level.fogColor, level.groundFogColor = (
+            tuple(word >> shift & 255 for shift in (16, 8, 0)) for word in (scene.level.fog_color, scene.level.ground_color))
+        self.renderer._setFlashlight(scene.flashlight and texture(scene.flashlight))
 
     def draw(self):
-        """One frame of the module alone: its words, row by row."""
+        """One frame of the module alone."""
         self.engine.ecs.update(self.engine.timeStep)
-        return numpy.asarray(self.target).ravel().copy()
+
+    def hash(self):
+        """Hash of the words in the target, the same on every machine."""
+        return hashlib.sha256(numpy.asarray(self.target).astype("<u4").tobytes()).hexdigest()
 
     def play(self):
-        frame, columns = self.scene.draw()
-        words = self.draw()
-        assert_same_words(frame, words)
-        own = self.renderer.getCamera()
-        assert (own.dir.x, own.dir.y) == self.scene.camera.dir
-        assert self.renderer.entities == [self.entities[s] for s in self.scene.sprites]
-        for sprite in self.scene.sprites:
+        scene, camera = self.scene, self.renderer.getCamera()
+        self.draw()
+        scene.render()
+        words, expected = numpy.asarray(self.target).ravel(), numpy.array(scene.frame, dtype=numpy.uint32).ravel()
+        wrong = numpy.flatnonzero(words != expected)
+        lines = ["({}, {}): expected {:08X}, got {:08X}".format(
+            i % scene.width, i // scene.width, int(expected[i]), int(words[i])) for i in wrong[:8]]
+        assert not lines, "{} of {} words differ\n{}".format(len(wrong), len(words), "\n".join(lines))
+        assert (camera.dir.x, camera.dir.y) == scene.camera.dir
+        assert self.renderer.entities == [self.entities[sprite] for sprite in scene.sprites]
+        for sprite in scene.sprites:
             component = self.entities[sprite].getComponent(zelvarine.SpriteComponent)
             assert (sprite.dist, sprite.angle_to_cam, sprite.percentage, sprite.speed) == (
-                component._dist, component._angleToCam,
-                component._animationPercentage, component._animationSpeed)
-        return frame, columns
-
-
-def frame_hash(world):
-    """Hash of the words in the target, the same on every machine."""
-    return hashlib.sha256(numpy.asarray(world.target).astype("<u4").tobytes()).hexdigest()
-
-
-def assert_same_words(frame, words):
-    wrong = numpy.flatnonzero(words != numpy.array(frame.words, dtype=numpy.uint32))
-    lines = ["{} at ({}, {}): expected {:08X}, got {:08X}".format(
-        frame.passes[i], i % frame.width, i // frame.width, frame.words[i], int(words[i]))
-        for i in wrong[:8]]
-    assert not lines, "{} of {} words differ\n{}".format(len(wrong), len(words), "\n".join(lines))
+                component._dist, component._angleToCam, component._animationPercentage, component._animationSpeed)
