@@ -13,6 +13,7 @@ DEGREES = 57.29577951308232
 BACKGROUND = 0xFF00B464
 NO_TEXTURE = 255
 FLOOR, CEILING, NORTH, EAST, SOUTH, WEST = range(1, 7)   # bytes of a cell; byte 0 is the block
+TIME_STEP = 0.05    # seconds from frame to frame
 TINY = 1e-14        # stands in for a zero component of a ray
 TOUCHING = 1e-8     # a wall nearer than this is no wall
 
@@ -32,19 +33,16 @@ class Sprite:
     dist = angle_to_cam = 0.0
 
     def __init__(self, pos, sheet, **changes):
-        self.pos, self.sheet = pos, sheet
-        for name, value in changes.items():
-            setattr(self, name, value)
+        self.__dict__.update(changes, pos=pos, sheet=sheet)
         self.w, self.h = sheet.w // self.x_frames, sheet.h // self.y_frames
 
 
 class Scene:
     """What a frame depends on, and after `render` the frame: rows of words, and per column (hit or None, ray)."""
 
-    def __init__(self, level, camera=Camera(), size=(64, 40), sprites=(), flashlight=None, time_step=0.05):
-        self.level, self.camera, self.sprites = level, camera, list(sprites)
-        self.width, self.height = size
-        self.flashlight, self.time_step = flashlight, time_step
+    def __init__(self, level, camera=Camera(), size=(64, 40), sprites=(), flashlight=None):
+        self.level, self.camera, (self.width, self.height) = level, camera, size
+        self.sprites, self.flashlight = list(sprites), flashlight
         self.columns = [(None, (0.0, 0.0))] * self.width
 
     def render(self):
@@ -54,9 +52,6 @@ class Scene:
         render_sky(self)
         render_columns(self)
         render_sprites(self)
-
-    def rows(self, start, end):
-        return range(max(start, 0), min(end, self.height))
 
 
 # ---- pixels
@@ -175,8 +170,7 @@ def trace(level, pos, direction):
         axis = 0 if dist[1] > dist[0] else 1
         point = points[axis]
         cell = [int(point[0]), int(point[1])]
-        if ray[axis] < 0:
-            cell[axis] -= 1
+        cell[axis] -= ray[axis] < 0
         if not in_grid(level, *cell):
             break
         block = cell_byte(level, cell, 0)
@@ -195,12 +189,11 @@ def render_sky(scene):
     if sky is None:
         return
     deg = atan2(camera.dir[1], camera.dir[0]) * DEGREES
-    column_scale = sky.w / 360.0
     for x in range(w):
         a = (x / w) * camera.fov + deg - int(camera.fov / 2)
         while a < 0:
             a += 360.0
-        sky_x = int(a * column_scale) % sky.w
+        sky_x = int(a * (sky.w / 360.0)) % sky.w
         for y in range(h):
             scene.frame[y][x] = pixel(sky, sky_x, int((h - scene.horizon + y) / (2 * h) * sky.h))
 
@@ -221,26 +214,25 @@ def render_columns(scene):
             if scene.flashlight is not None:
                 render_flashlight(scene, hit.dist, x, start, end)
         scene.columns.append((hit, ray))
-        render_flat(scene, FLOOR, ray, x, scene.rows(max(end, horizon + 1), scene.height))  # never above the horizon
-        render_flat(scene, CEILING, ray, x, scene.rows(0, start))
+        render_flat(scene, FLOOR, ray, x, range(max(end, horizon + 1, 0), scene.height))
+        render_flat(scene, CEILING, ray, x, range(min(start, scene.height)))
         ray = rotated(ray, camera.fov / scene.width * RADIANS)
 
 
 def render_wall(scene, hit, ray, x, start, end, half):
     level = scene.level
-    u = hit.pos[1 - hit.side]
-    u -= int(u)
+    u = hit.pos[1 - hit.side] - int(hit.pos[1 - hit.side])
     if (ray[1] > 0) if hit.side == 1 else (ray[0] < 0):
         u = 1 - u
     fog, ground_fog = amount(level.fog_density, hit.dist), amount(level.ground_density, hit.dist)
     if fog == 255:
-        for y in scene.rows(start, end):
+        for y in range(start, end):
             scene.frame[y][x] = level.fog_color
     elif hit.texture < len(level.textures):
         texture = level.textures[hit.texture]
         tex_step = texture.h / (2 * half + 1)
         tex_pos = (start - (scene.horizon - half)) * tex_step
-        for y in scene.rows(start, end):
+        for y in range(start, end):
             texel = pixel(texture, int(u * texture.w), int(tex_pos))
             if level.ground_density > 0:
                 texel = mix(texel, level.ground_color, foot_fog(ground_fog, y, start, 2 * half))
@@ -251,7 +243,7 @@ def render_wall(scene, hit, ray, x, start, end, half):
 def render_flashlight(scene, dist, x, start, end):
     mask, position = scene.flashlight, 0
     strength = min(int(512.0 / (dist * dist)), 255)
-    for y in scene.rows(start, end):
+    for y in range(start, end):
         light = pixel(mask, int(x / scene.width * mask.w), int(position))
         scene.frame[y][x] = add_light(scene.frame[y][x], light, strength)
         position += 3.0 / dist
@@ -260,7 +252,7 @@ def render_flashlight(scene, dist, x, start, end):
 
 
 def render_flat(scene, plane, ray, x, rows):
-    """The rows of a column that show the floor or the ceiling."""
+    """The rows of a column that show the floor or the ceiling; none is at the horizon."""
     level, camera = scene.level, scene.camera
     for y in rows:
         row_dist = scene.height / camera.ratio / abs(y - scene.horizon)
@@ -295,8 +287,8 @@ def sort_sprites(scene):
     scene.sprites.sort(key=lambda sprite: sprite.dist, reverse=True)
 
 
-def advance_animation(sprite, time_step):
-    sprite.percentage += sprite.speed * time_step
+def advance_animation(sprite):
+    sprite.percentage += sprite.speed * TIME_STEP
     if sprite.oscillate and not 0.0 <= sprite.percentage < 1.0:
         sprite.speed = -sprite.speed
         sprite.percentage += (1.0 if sprite.percentage < 0.0 else -1.0) / sprite.frame_count
@@ -321,7 +313,7 @@ def render_sprites(scene):
         turn = atan2(diff[1], diff[0]) - atan2(sprite.facing[1], sprite.facing[0])
         sprite.angle_to_cam = 1.0 - (turn + 3.141592653589793) / 6.283185307179586 + 0.5
     for sprite in scene.sprites:
-        advance_animation(sprite, scene.time_step)
+        advance_animation(sprite)
         depth, right = to_view(camera, sprite.pos)
         if not depth > 0:
             continue

@@ -95,7 +95,8 @@ def random_scene(rng):
 # ---- a scene that looks like one
 
 def bricks(x, y):
-    return 0xFFB0A898 if y % 16 == 0 or (x + y // 16 % 2 * 16) % 32 == 0 else 0xFFA04830 + (x * 73 + y * 151) % 17 * 0x010101
+    mortar = y % 16 == 0 or (x + y // 16 % 2 * 16) % 32 == 0
+    return 0xFFB0A898 if mortar else 0xFFA04830 + (x * 73 + y * 151) % 17 * 0x010101
 
 
 def tiles(x, y):
@@ -132,9 +133,10 @@ HALL = """
 
 def hall(camera, ghost_places=(), flashlight=None, **fog):
     """A hall with pillars and chamfered blocks, and in its corner a court under the open sky."""
-    signs = "".join(HALL.split())
-    cells = b"".join(bytes([0 if sign in ".," else int(sign), 1, NO_TEXTURE if sign == "," else 0] + [0] * 4) for sign in signs)
-    level = Level(16, 9, cells, [image(64, 64, bricks), image(64, 64, tiles)], image(360, 160, clouds), **fog)
+    cells = {sign: bytes([int(sign), 1, 0, 0, 0, 0, 0]) for sign in "12345"}
+    cells.update({".": bytes([0, 1, 0, 0, 0, 0, 0]), ",": bytes([0, 1, NO_TEXTURE, 0, 0, 0, 0])})
+    level = Level(16, 9, b"".join(cells[sign] for sign in "".join(HALL.split())),
+                  [image(64, 64, bricks), image(64, 64, tiles)], image(360, 160, clouds), **fog)
     sheet = image(128, 32, ghosts)
     sprites = [Sprite(pos, sheet, x_frames=4, directions=4, facing=facing) for pos, facing in ghost_places]
     return Scene(level, camera, (320, 200), sprites, flashlight)

@@ -65,7 +65,8 @@ def test_operations_that_change_the_vector(operation, arguments, expected):
     (STEEP, "angleTo", [STEEP], 0.0), (STEEP, "angleTo", [STEEP * -1], math.pi),    # beyond 1 by rounding
     (EAST, "angleTo", [Vector2(NAN, 0)], NAN), (Own(1, 0), "angleToInDegrees", [EAST], 90.0),
     (Own(1e300, 0), "__repr__", [], "Vector2({:f}, 0.000000)".format(1e300)),
-    (Vector2(NAN, -INF), "__repr__", [], "Vector2(nan, -inf)"), (Vector2(-0.0, 2e-7), "__str__", [], "Vector2(-0.000000, 0.000000)")])
+    (Vector2(NAN, -INF), "__repr__", [], "Vector2(nan, -inf)"),
+    (Vector2(-0.0, 2e-7), "__str__", [], "Vector2(-0.000000, 0.000000)")])
 def test_operations_that_leave_the_vector_alone(v, operation, arguments, expected):
     before = str(xy(v))
     assert str(getattr(v, operation)(*arguments)) == str(expected)

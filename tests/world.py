@@ -1,6 +1,5 @@
 """A plain scene built with the real module, and the comparison of both word for word."""
 
-import hashlib
 import json
 import os
 
@@ -8,12 +7,12 @@ import numpy
 import zelvarine
 from zelvarine import Vector2
 
+from reference import TIME_STEP
+
 
 class SteadyEngine(zelvarine.Engine):
-    """An engine whose frames all last the same time."""
-
     def getTimeStep(self):
-        return self.timeStep
+        return TIME_STEP
 
 
 def texture(image):
@@ -24,15 +23,13 @@ def texture(image):
 
 
 def level(plain, folder):
-    """Writes a plain level's files and loads them."""
-    def save(name, image):
-        texture(image).saveFile(os.path.join(str(folder), name))
-        return name
-
-    description = {"width": plain.width, "height": plain.height,
-                   "textures": [save("{}.png".format(i), t) for i, t in enumerate(plain.textures)]}
+    """Writes a plain level's files and loads them; its fog comes later."""
+    images = {"{}.png".format(number): image for number, image in enumerate(plain.textures)}
+    description = dict(width=plain.width, height=plain.height, textures=list(images))
     if plain.sky is not None:
-        description["skytex"] = save("sky.png", plain.sky)
+        description["skytex"], images["sky.png"] = "sky.png", plain.sky
+    for name, image in images.items():
+        texture(image).saveFile(os.path.join(str(folder), name))
     path = os.path.join(str(folder), "scene.lvl")
     with open(path, "wb") as grid, open(path + ".json", "w") as header:
         grid.write(plain.cells)
@@ -40,13 +37,16 @@ def level(plain, folder):
     return zelvarine.Level(path)
 
 
+def rgb(word):
+    return word >> 16 & 255, word >> 8 & 255, word & 255
+
+
 def entity(sprite):
+    blend = zelvarine.BLENDMODE_ADD if sprite.additive else zelvarine.BLENDMODE_BLEND
     animation = zelvarine.SpriteAnimation("walk", sprite.frame_count, sprite.oscillate, sprite.speed,
                                           sprite.start_frame, sprite.directions)
     sheet = zelvarine.Sprite(texture(sprite.sheet), sprite.x_frames, sprite.y_frames, [animation])
-    component = zelvarine.SpriteComponent(
-        sheet, sprite.shadeless, sprite.z_offset, sprite.scale,
-        zelvarine.BLENDMODE_ADD if sprite.additive else zelvarine.BLENDMODE_BLEND)
+    component = zelvarine.SpriteComponent(sheet, sprite.shadeless, sprite.z_offset, sprite.scale, blend)
     component.animationPercentage = sprite.percentage
     result = zelvarine.Entity(-1, zelvarine.PositionComponent(Vector2(*sprite.pos)), component)
     if sprite.facing != (1.0, 0.0):     # what an entity without a rotation looks like
@@ -63,7 +63,6 @@ class World:
         self.level = level(scene.level, folder)
         self.renderer = zelvarine.RaycastingRenderer(self.target, self.level)
         self.engine = SteadyEngine()
-        self.engine.timeStep = scene.time_step
         self.engine.ecs.addSystem(self.renderer)
         self.entities = {sprite: entity(sprite) for sprite in scene.sprites}
         for sprite in scene.sprites:
@@ -76,17 +75,12 @@ class World:
         (camera.pos.x, camera.pos.y), (camera.dir.x, camera.dir.y), *numbers = scene.camera
         camera.fov, camera.pitch, camera.ratio = numbers
         level.fogDensity, level.groundFogDensity = scene.level.fog_density, scene.level.ground_density
-        level.fogColor, level.groundFogColor = (
-            tuple(word >> shift & 255 for shift in (16, 8, 0)) for word in (scene.level.fog_color, scene.level.ground_color))
+        level.fogColor, level.groundFogColor = rgb(scene.level.fog_color), rgb(scene.level.ground_color)
         self.renderer._setFlashlight(scene.flashlight and texture(scene.flashlight))
 
     def draw(self):
         """One frame of the module alone."""
-        self.engine.ecs.update(self.engine.timeStep)
-
-    def hash(self):
-        """Hash of the words in the target, the same on every machine."""
-        return hashlib.sha256(numpy.asarray(self.target).astype("<u4").tobytes()).hexdigest()
+        self.engine.ecs.update(TIME_STEP)
 
     def play(self):
         scene, camera = self.scene, self.renderer.getCamera()
