@@ -1,7 +1,4 @@
-"""Scenes as plain data: seeded random ones for exact comparison, and a designed one to look at."""
-
-import math
-import random
+"""Scenes as plain data: building blocks, and random ones for exact comparison."""
 
 from reference import NO_TEXTURE, Camera, Image, Level, Scene, Sprite
 
@@ -24,8 +21,6 @@ def put(level, x, y, byte, value):
     """Set one byte of a cell; byte 0 is the block."""
     level.cells[(y * level.width + x) * 7 + byte] = value
 
-
-# ---- random scenes
 
 def noise(rng, w, h):
     return image(w, h, lambda x, y: rng.getrandbits(32))
@@ -90,53 +85,3 @@ def random_scene(rng):
         sprites.append(Sprite(sprites[0].pos, sprites[-1].sheet))     # two at one distance
     light = noise(rng, rng.randint(1, 40), rng.randint(1, 40)) if rng.random() < 0.4 else None
     return Scene(level, camera, size, sprites, light)
-
-
-# ---- a scene that looks like one
-
-def bricks(x, y):
-    mortar = y % 16 == 0 or (x + y // 16 % 2 * 16) % 32 == 0
-    return 0xFFB0A898 if mortar else 0xFFA04830 + (x * 73 + y * 151) % 17 * 0x010101
-
-
-def tiles(x, y):
-    return 0xFF404840 if 0 in (x % 32, y % 32) else (0xFF909890 if (x // 32 + y // 32) % 2 else 0xFF586058)
-
-
-def clouds(x, y):
-    cloud = math.sin(x / 23 + math.sin(y / 9)) + math.sin(x * math.pi / 90 + y / 13)
-    return 0xFF4068A0 + y // 2 * 0x010101 if cloud < 0.6 else 0xFFD8E0F0
-
-
-def ghosts(x, y):
-    """A sheet of four views of a round body, one colour each, and eyes in the first."""
-    view, x, y = x // 32, x % 32 - 15.5, y % 32 - 15.5
-    eye = view == 0 and abs(abs(x) - 5) < 2 and abs(y + 4) < 3
-    body = (0xE05050, 0x50C050, 0x5070E0, 0xE0C040)[view]
-    return (0xFF000000 if x * x + y * y < 230 else 0) | (0xFFFFFF if eye else body)
-
-
-# Digits are block values; the triangles 2 to 5 are solid in the north-west, north-east, south-west
-# and south-east. A comma is a cell without ceiling.
-HALL = """
-1111111111111111
-1..5114....1...1
-1..1111..5.....1
-1..3112..1..1..1
-1........1.....1
-1........2...111
-1...54...1...1,,
-1...32.......,,,
-1111111111111111
-"""
-
-
-def hall(camera, ghost_places=(), flashlight=None, **fog):
-    """A hall with pillars and chamfered blocks, and in its corner a court under the open sky."""
-    cells = {sign: bytes([int(sign), 1, 0, 0, 0, 0, 0]) for sign in "12345"}
-    cells.update({".": bytes([0, 1, 0, 0, 0, 0, 0]), ",": bytes([0, 1, NO_TEXTURE, 0, 0, 0, 0])})
-    level = Level(16, 9, b"".join(cells[sign] for sign in "".join(HALL.split())),
-                  [image(64, 64, bricks), image(64, 64, tiles)], image(360, 160, clouds), **fog)
-    sheet = image(128, 32, ghosts)
-    sprites = [Sprite(pos, sheet, x_frames=4, directions=4, facing=facing) for pos, facing in ghost_places]
-    return Scene(level, camera, (320, 200), sprites, flashlight)

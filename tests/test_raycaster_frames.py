@@ -1,4 +1,4 @@
-"""Whole frames of the raycaster: word for word against the reference model, worked examples, and stored hashes."""
+"""Whole frames of the raycaster: word for word against the reference model, and worked examples."""
 
 import hashlib
 import random
@@ -8,10 +8,16 @@ import pytest
 import zelvarine
 
 from reference import NO_TEXTURE, Camera, Scene, Sprite
-from scenes import hall, image, put, random_camera, random_scene, room, with_fog
+from scenes import image, put, random_camera, random_scene, room, with_fog
 from world import World
 
 pytestmark = pytest.mark.filterwarnings("ignore::pytest.PytestUnraisableExceptionWarning")
+
+
+# Digests of the first frames of some seeds. Should the rules change, the failing test tells the new ones.
+GOLDEN = {1: "d4740b8234aee100ccffb16b17f0f112d89ae8ffa11142a6e2f3439f4ea8ae98",
+          6: "f8856f106140a43303e17560eaddf4b86c824ccbe3aef62338bad6a817fdfb56",
+          22: "2b448614a58b263cddee300f3affdf3308380ca4e252f7cdcb726bf81ad233ce"}
 
 
 @pytest.mark.parametrize("seed", range(80))
@@ -20,6 +26,8 @@ def test_random_scene_over_several_frames(seed, tmp_path):
     world = World(random_scene(rng), tmp_path)
     scene = world.scene
     world.play()
+    if seed in GOLDEN:
+        assert hashlib.sha256(numpy.asarray(world.target).astype("<u4").tobytes()).hexdigest() == GOLDEN[seed]
     for flashlight in (image(1, 1, 0xFF808080), None):
         x, y, block = rng.randrange(scene.level.width), rng.randrange(scene.level.height), rng.randrange(6)
         world.level.setBlock(block, x, y)
@@ -85,25 +93,3 @@ def test_animations_advance_even_behind_the_camera(oscillate, positions, tmp_pat
     for expected in positions:
         world.play()
         assert world.entities[one].getComponent(zelvarine.SpriteComponent).animationPercentage == expected
-
-
-# ---- stored frames
-
-GHOSTS = [((4.6, 5.6), (-1.0, 0.3)), ((3.6, 4.9), (0.0, 1.0)), ((7.5, 4.3), (0.5, -1.0))]
-MIST = dict(fog_density=14, fog_color=0xFF8090A0, ground_density=25, ground_color=0xFFD0E0D8)
-SPOT = image(64, 64, lambda x, y: 0x010101 * max(0, 180 - ((x - 32) ** 2 + (y - 20) ** 2) // 4))
-
-
-@pytest.mark.parametrize("scene, digest", [
-    (hall(Camera((10.6, 7.3), (1, -0.2), 80, 18)), "d6359b6a2de5d0ecae0ce3050e46ff70cfd8443d2679525986a8e8cd6a66052d"),
-    (hall(Camera((1.3, 4.4), (1, 0.35), 80, 5), GHOSTS, **MIST),
-     "1067c852c609aa2e09146e8cffa03e9e675ebb06927dc8c3614e522f2b7b067b"),
-    (hall(Camera((1.6, 3.0), (1, 0.35), 80, 5), GHOSTS, fog_density=30, flashlight=SPOT),
-     "b5cdbed1ea393eb46dda1747c989b2ed2007478cf8da01a4575163f83f246cfd"),
-], ids=["court", "mist", "flashlight"])
-def test_stored_frame(scene, digest, tmp_path):
-    """Should the rules change, a failure tells the new hash, and the picture to look at before it is stored."""
-    world, picture = World(scene, tmp_path), str(tmp_path / "frame.png")
-    world.draw()
-    world.target.saveFile(picture)
-    assert hashlib.sha256(numpy.asarray(world.target).astype("<u4").tobytes()).hexdigest() == digest, picture

@@ -46,8 +46,8 @@ def test_random_rays_and_picks(seed, tmp_path):
 
 @pytest.mark.parametrize("block, pos, direction, expected", [
     (99, (2.5, 2.5), (1, 0), (5.0, 2.5)), (1, (7.5, 2.5), (-3, 0), (6.0, 2.5)),
-    (2, (5.25, 0.5), (0, 1), (5.25, 2.0)),       # flat through a solid edge
-    (2, (5.25, 6.5), (0, -1), (5.25, 2.75)),     # the diagonal through an open one
+    # flat through a solid edge, the diagonal through an open one
+    (2, (5.25, 0.5), (0, 1), (5.25, 2.0)), (2, (5.25, 6.5), (0, -1), (5.25, 2.75)),
     (4, (2.5, 2.25), (1, 0), (5.0, 2.25)), (4, (7.5, 2.25), (-1, 0), (5.25, 2.25)),
     (3, (5.25, 2.5), (1, 0), (5.5, 2.5)),        # from the open half of the ray's own cell
     (3, (5.75, 2.5), (1, 0), (8.0, 2.5)),        # from the solid half, away from the diagonal
