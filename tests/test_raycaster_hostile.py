@@ -86,3 +86,14 @@ def test_textures_that_the_script_drops_stay_drawn(world):
     world.level._textures = []
     gc.collect()
     world.play()
+
+
+def test_constructor_called_again_in_the_middle_of_a_frame(world):
+    class Shrinker(zelvarine.Engine):
+        def getTimeStep(self):
+            world.renderer.__init__(Texture(1, 1), world.level)
+            return 0.1
+
+    world.renderer._engine = Shrinker()
+    survive(world)
+    assert world.renderer.getTarget().getSize() == (1, 1)
