@@ -13,9 +13,11 @@ JOBS = $(shell nproc 2>/dev/null || echo 2)
 RUN = PYTHONPATH="$(abspath $(BUILD))" $(PYTHON)
 HEADLESS = SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy
 # The interpreter itself is built without sanitizers: their runtime, and what they intercept, come in front of it.
-# Stacks of allocations are exact, but short: enough to tell who asked for the memory.
 SANITIZED = PYTHONMALLOC=malloc LD_PRELOAD="$(foreach library,libasan libstdc++,$(shell g++ -print-file-name=$(library).so))" \
-	ASAN_OPTIONS=leak_check_at_exit=0:fast_unwind_on_malloc=0:malloc_context_size=10 UBSAN_OPTIONS=print_stacktrace=1
+	UBSAN_OPTIONS=print_stacktrace=1 ASAN_OPTIONS=leak_check_at_exit=0
+# Short, but enough to tell who asked for the memory.
+EXACT_STACKS = fast_unwind_on_malloc=0:malloc_context_size=10
+LEAK_TESTS = $(addprefix tests/test_,components.py level.py level_files.py events.py vector.py font.py theme.py stubs.py raycaster_hostile.py)
 
 SOURCES := $(shell find src -name '*.cpp')
 HEADERS := $(shell find src -name '*.hpp')
@@ -59,7 +61,6 @@ bench: build test-packages ## time frames and movement
 lint: build lint-packages stubs ## check layers, C++ and Python sources, and stubs
 	scripts/check_layers.py
 	$(PYTHON) -m compileall -q $(PYTHON_FOLDERS)
-	clang-format --dry-run --Werror $(SOURCES) $(HEADERS)
 	@$(MAKE) --no-print-directory --jobs=$(JOBS) $(SOURCES:src/%.cpp=$(BUILD)/tidy/%)
 
 # One empty file for each source that clang-tidy has found nothing in.
@@ -67,12 +68,14 @@ $(BUILD)/tidy/%: src/%.cpp $(HEADERS) .clang-tidy
 	clang-tidy --quiet -p "$(BUILD)" $<
 	@mkdir -p $(@D) && touch $@
 
-format: lint-packages ## lay out the C++ sources
-	clang-format -i $(SOURCES) $(HEADERS)
+format: lint-packages ## lay out the lines of C++ that are changed and not committed yet
+	git clang-format --extensions cpp,hpp
 
+# All tests for faults, then a few that make an object of everything for leaks: exact stacks cost much time.
 asan: test-packages ## run the tests under the address and undefined-behaviour sanitizers, then look for leaks
 	@$(MAKE) --no-print-directory build BUILD=build-asan CMAKE_OPTIONS="$(CMAKE_OPTIONS) -DZELVARINE_SANITIZE=ON"
-	PYTHONPATH=build-asan $(HEADLESS) $(SANITIZED) $(PYTHON) scripts/check_leaks.py -q --capture=sys tests $(ARGS)
+	PYTHONPATH=build-asan $(HEADLESS) $(SANITIZED) $(PYTHON) -m pytest -q --capture=sys tests $(ARGS)
+	PYTHONPATH=build-asan $(HEADLESS) $(SANITIZED):$(EXACT_STACKS) $(PYTHON) scripts/check_leaks.py -q --capture=sys $(LEAK_TESTS)
 
 stubs: build test-packages ## check that the type stubs and the module agree
 	$(HEADLESS) $(RUN) -m pytest -q tests/test_stubs.py
