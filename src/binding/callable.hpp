@@ -152,7 +152,7 @@ inline bool hasAttribute(PyObject* o, Name& name) {
     return value != nullptr;
 }
 inline void setAttribute(PyObject* o, Name& name, PyObject* value) {
-    checked(PyObject_SetAttr(o, name.get(), value ? value : Py_None));
+    checked(PyObject_SetAttr(o ? o : Py_None, name.get(), value ? value : Py_None));
 }
 
 }  // namespace zv
