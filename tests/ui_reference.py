@@ -14,17 +14,17 @@ def piece(x, y, width, height):
 
 
 WIDGETS = {
-    "button": {look: {"x": 2, "y": y, "left": 4, "middle": 8, "right": 5, "height": 20} for look, y in (("normal", 1), ("hover", 22))},
-    "panel": {"x": 20, "y": 3, "leftWidth": 3, "middleWidth": 6, "rightWidth": 4, "topHeight": 5, "middleHeight": 7, "bottomHeight": 2},
+    "button": {look: {"x": 2, "y": y, "left": 4, "middle": 8, "right": 5, "height": 20}
+               for look, y in (("normal", 1), ("hover", 22))},
+    "panel": {"x": 20, "y": 3, "leftWidth": 3, "middleWidth": 6, "rightWidth": 4,
+              "topHeight": 5, "middleHeight": 7, "bottomHeight": 2},
     "slider": {
         "horizontalBackground": {"x": 20, "y": 20, "left": 3, "middle": 7, "right": 2, "height": 10},
         "verticalBackground": {"x": 40, "y": 1, "top": 3, "middle": 7, "bottom": 2, "width": 9},
-        "horizontalButton": {"normal": piece(20, 31, 6, 14)},
-        "verticalButton": {"normal": piece(28, 31, 13, 8)},
-        "leftButton": {"normal": piece(0, 45, 9, 11), "hover": piece(9, 45, 9, 11)},
-        "rightButton": {"normal": piece(40, 14, 10, 8), "hover": piece(50, 14, 10, 8)},
-        "topButton": {"normal": piece(20, 46, 8, 6), "hover": piece(28, 46, 8, 6)},
-        "bottomButton": {"normal": piece(40, 40, 7, 12), "hover": piece(47, 40, 7, 12)},
+        **{name + "Button": {"normal": piece(x, y, width, height), "hover": piece(x + width, y, width, height)}
+           for name, x, y, width, height in [("horizontal", 20, 31, 6, 14), ("vertical", 28, 31, 13, 8),
+                                             ("left", 0, 45, 9, 11), ("right", 40, 14, 10, 8),
+                                             ("top", 20, 46, 8, 6), ("bottom", 40, 40, 7, 12)]},
     },
     "scrollPanel": {"sliderMargin": {"top": 2, "right": 3, "bottom": 4, "left": 9},
                     "clipPadding": {"top": 1, "right": 2, "bottom": 3, "left": 4}},
@@ -36,12 +36,13 @@ def word(color):
     return a << 24 | r << 16 | g << 8 | b
 
 
-def writeTheme(folder):
+def write_theme(folder):
     texture = Texture(*TILES.shape[::-1])
     numpy.asarray(texture)[:] = TILES
     texture.saveFile(str(folder / "tiles.png"))
     colors = {"background": "%X" % BACKGROUND, "fontColor": "%X" % word(FONT_COLOR)}
-    (folder / "theme.json").write_text(json.dumps({"widgets": WIDGETS, "tileset": "tiles.png", "fonts": {}, "colors": colors}))
+    theme = {"widgets": WIDGETS, "tileset": "tiles.png", "fonts": {}, "colors": colors}
+    (folder / "theme.json").write_text(json.dumps(theme))
     return str(folder / "theme.json")
 
 
@@ -64,27 +65,21 @@ class FlatTheme(UITheme):
 
 
 class Player(zelvarine.Engine):
-    """An engine without a window, whose mouse is where the test says."""
-    mouse, pressed = (-9, -9), False
-
-    def getMousePos(self):
-        return self.mouse
-
-    def isMouseButtonPressed(self, button):
-        return self.pressed and button == zelvarine.MOUSE_LEFT
+    """An engine without a window; being a class of Python, it takes what a test puts on it."""
 
 
 class Stage:
     """A renderer on a target of 160 by 120, with an anchored root."""
 
     def __init__(self, folder):
-        self.themeFile, self.target, self.engine = writeTheme(folder), Texture(160, 120), Player()
-        self.renderer = UIRenderer(self.target, True, FlatTheme(self.themeFile))
+        self.theme_file, self.target, self.engine = write_theme(folder), Texture(160, 120), Player()
+        self.renderer = UIRenderer(self.target, True, FlatTheme(self.theme_file))
         self.engine.ecs.addSystem(self.renderer)
         self.root, self.pixels = self.renderer.widget, numpy.asarray(self.target)
 
     def frame(self, x=-9, y=-9, pressed=False):
-        self.engine.mouse, self.engine.pressed = (x, y), pressed
+        self.engine.getMousePos = lambda: (x, y)
+        self.engine.isMouseButtonPressed = lambda button: pressed and button == zelvarine.MOUSE_LEFT
         self.renderer.render()
 
 
@@ -96,44 +91,50 @@ class Painter:
         """Each pixel shows the source pixel under its centre, in steps of 1/65536 of a source pixel."""
         across, down = [numpy.arange(max(size, 0)) for size in (width, height)]
         if len(across) and len(down):
-            stepX, stepY = (source.shape[1] << 16) // width, (source.shape[0] << 16) // height
-            picture = source[(stepY // 2 + down * stepY >> 16)[:, None], stepX // 2 + across * stepX >> 16]
+            step_x, step_y = (source.shape[1] << 16) // width, (source.shape[0] << 16) // height
+            picture = source[(step_y // 2 + down * step_y >> 16)[:, None], step_x // 2 + across * step_x >> 16]
             x0, y0 = max(x, clip[0], 0), max(y, clip[1], 0)
             x1, y1 = max(x0, min(x + width, clip[0] + clip[2], 160)), max(y0, min(y + height, clip[1] + clip[3], 120))
             self.pixels[y0:y1, x0:x1] = picture[y0 - y:y1 - y, x0 - x:x1 - x]
 
-    def piece(self, piece, x, y, clip):
-        part = TILES[piece["y"]:piece["y"] + piece["height"], piece["x"]:piece["x"] + piece["width"]]
-        self.stretch(part, x, y, piece["width"], piece["height"], clip)
+    def piece(self, part, x, y, clip, size=None):
+        pixels = TILES[part["y"]:part["y"] + part["height"], part["x"]:part["x"] + part["width"]]
+        self.stretch(pixels, x, y, *(size or (part["width"], part["height"])), clip)
 
     def bar(self, table, x, y, length, vertical, clip):
-        """The vertical bar is the horizontal one of the turned tileset on the turned picture."""
-        (x, y), start = (y, x) if vertical else (x, y), table["y" if vertical else "x"]
-        first, middle, last = [table[key] for key in (("top", "middle", "bottom") if vertical else ("left", "middle", "right"))]
-        thickness, across = (table["width"], table["x"]) if vertical else (table["height"], table["y"])
+        keys = ("top", "middle", "bottom", "y", "height") if vertical else ("left", "middle", "right", "x", "width")
+        first, middle, last = [table[key] for key in keys[:3]]
         count, rest = divmod(max(0, length - first - last), middle)
-        tiles = [(start + first, middle, first + k * middle, middle) for k in range(count)]
-        squeezed = (start + first, middle, first + count * middle, rest)
-        for source, size, place, shown in [(start, first, 0, first), *tiles, squeezed, (start + first + middle, last, length - last, last)]:
-            part = (TILES.T if vertical else TILES)[across:across + thickness, source:source + size]
-            self.stretch(part.T, y, x + place, thickness, shown, clip) if vertical else self.stretch(part, x + place, y, shown, thickness, clip)
+        tiles = [(first, middle, first + k * middle, middle) for k in range(count)]
+        squeezed = (first, middle, first + count * middle, rest)
+        for source, size, offset, shown in [(0, first, 0, first), *tiles, squeezed,
+                                            (first + middle, last, length - last, last)]:
+            part = dict(table, **{keys[3]: table[keys[3]] + source, keys[4]: size})
+            if vertical:
+                self.piece(part, x, y + offset, clip, (part["width"], shown))
+            else:
+                self.piece(part, x + offset, y, clip, (shown, part["height"]))
 
-    def ninePatch(self, x, y, width, height, clip):
+    def nine_patch(self, x, y, width, height, clip):
         panel = WIDGETS["panel"]
         across, down = [[panel[key] for key in keys] for keys in (
             ("leftWidth", "middleWidth", "rightWidth"), ("topHeight", "middleHeight", "bottomHeight"))]
-        wide, high = (across[0], width - across[0] - across[2], across[2]), (down[0], height - down[0] - down[2], down[2])
+        wide = across[0], width - across[0] - across[2], across[2]
+        high = down[0], height - down[0] - down[2], down[2]
         for i, j in [(i, j) for j in range(3) for i in range(3)]:
             part = TILES[panel["y"] + sum(down[:j]):, panel["x"] + sum(across[:i]):][:down[j], :across[i]]
             self.stretch(part, x + sum(wide[:i]), y + sum(high[:j]), wide[i], high[j], clip)
 
 
 class Node:
-    """One widget, laid out and painted from what the script gave it; all but the results is read from the widget."""
+    """One widget, laid out and painted from what the script gave it; all but the results is read from the widget.
+
+    Of pairs, the first is across and the second is down."""
+    hides_children = False
 
     def __init__(self, widget, children=()):
         self.widget, self.children = widget, list(children)
-        self.x, self.y, self.width, self.height = widget._x, widget._y, widget.width, widget.height
+        self.corner, self.size = [widget._x, widget._y], [widget.width, widget.height]
 
     def __getattr__(self, name):
         return getattr(self.widget, name)
@@ -141,49 +142,48 @@ class Node:
     def everyone(self):
         return [self] + [node for child in self.children for node in child.everyone()]
 
-    def rect(self):
-        return self.x, self.y, self.width, self.height
+    def edges(self, kind, axis):
+        return [getattr(self, kind + side) for side in (("Left", "Right"), ("Top", "Bottom"))[axis]]
 
-    def outer(self):
-        return self.width + self.marginLeft + self.marginRight, self.height + self.marginTop + self.marginBottom
+    def outer(self, axis):
+        return self.size[axis] + sum(self.edges("margin", axis))
 
     def measure(self):
         for child in self.children:
             child.measure()
-        self.setSize(*self.content())
+        self.resize(self.content(), lambda policy: policy != SIZE_FIXED)
 
-    def setSize(self, width, height):
-        self.width = self.width if self.sizePolicyX == SIZE_FIXED else width
-        self.height = self.height if self.sizePolicyY == SIZE_FIXED else height
+    def resize(self, size, applies):
+        policies = self.sizePolicyX, self.sizePolicyY
+        self.size = [new if applies(policy) else old for new, old, policy in zip(size, self.size, policies)]
 
     def content(self):
         return 0, 0
 
-    def grow(self, width, height):
-        self.width = width - self.marginLeft - self.marginRight if self.sizePolicyX == SIZE_GROW else self.width
-        self.height = height - self.marginTop - self.marginBottom if self.sizePolicyY == SIZE_GROW else self.height
+    def grow(self, room):
+        size = [room[axis] - sum(self.edges("margin", axis)) for axis in (0, 1)]
+        self.resize(size, lambda policy: policy == SIZE_GROW)
         for child in self.children:
-            child.grow(*self.room())
+            child.grow(self.room())
 
     def room(self):
-        return self.width, self.height
+        return self.size
 
     def place(self):
         for child in self.children:
             child.place()
 
     def paint(self, painter, clip=(-1, -1, -1, -1)):
-        x, y, width, height = self.rect()
+        (x, y), (width, height) = self.corner, self.size
         if min(clip) >= 0:
+            right, bottom = min(clip[0] + clip[2], x + width), min(clip[1] + clip[3], y + height)
             x, y = max(clip[0], x), max(clip[1], y)
-            width, height = min(clip[0] + clip[2], self.x + width) - x, min(clip[1] + clip[3], self.y + height) - y
-        isShown = width > 0 and height > 0
-        if isShown:
+            width, height = right - x, bottom - y
+        is_shown = width > 0 and height > 0
+        if is_shown:
             self.draw(painter, (x, y, width, height))
-        for child in self.children if isShown or not self.hidesChildren else []:
+        for child in self.children if is_shown or not self.hides_children else []:
             child.paint(painter, (-1, -1, -1, -1) if isinstance(self, Panel) else clip)
-
-    hidesChildren = False
 
     def draw(self, painter, clip):
         pass
@@ -191,7 +191,7 @@ class Node:
 
 class Picture(Node):
     def draw(self, painter, clip):
-        painter.stretch(numpy.asarray(self.texture), *self.rect(), clip)
+        painter.stretch(numpy.asarray(self.texture), *self.corner, *self.size, clip)
 
 
 class Label(Node):
@@ -201,7 +201,7 @@ class Label(Node):
     def draw(self, painter, clip):
         lines = self.text.splitlines()
         block = numpy.array([[word(self.color)]], "uint32")
-        painter.stretch(block, self.x, self.y, 10 * max(map(len, lines), default=0), 12 * len(lines), clip)
+        painter.stretch(block, *self.corner, 10 * max(map(len, lines), default=0), 12 * len(lines), clip)
 
 
 class List(Node):
@@ -211,36 +211,33 @@ class List(Node):
             widget.addChild(child.widget)
 
     def content(self):
-        widths, heights = zip((0, 0), *[child.outer() for child in self.children])
-        across, down = (sum, max) if self.layout == zelvarine.LIST_LAYOUT_HORIZONTAL else (max, sum)
-        return across(widths) + self.paddingLeft + self.paddingRight, down(heights) + self.paddingTop + self.paddingBottom
+        total = (sum, max) if self.layout == zelvarine.LIST_LAYOUT_HORIZONTAL else (max, sum)
+        return [total[axis]([0] + [child.outer(axis) for child in self.children]) + sum(self.edges("padding", axis))
+                for axis in (0, 1)]
 
     def room(self):
-        return self.width - self.paddingLeft - self.paddingRight, self.height - self.paddingTop - self.paddingBottom
+        return [self.size[axis] - sum(self.edges("padding", axis)) for axis in (0, 1)]
 
     def place(self):
-        left, top, offset = self.x + self.paddingLeft, self.y + self.paddingTop, 0
+        along, offset = int(self.layout != zelvarine.LIST_LAYOUT_HORIZONTAL), 0
         for c in self.children:
-            if self.layout == zelvarine.LIST_LAYOUT_HORIZONTAL:
-                c.x, gap = left + offset + c.marginLeft, self.height - c.height
-                c.y = top + (c.marginTop, gap - c.marginBottom, int(gap / 2))[c.verticalAlign]
-                offset += c.outer()[0]
-            else:
-                c.y, gap = top + offset + c.marginTop, self.width - c.width
-                c.x = left + (c.marginLeft, gap - c.marginRight, int(gap / 2))[c.horizontalAlign]
-                offset += c.outer()[1]
+            for axis, align in enumerate((c.horizontalAlign, c.verticalAlign)):
+                (before, after), gap = c.edges("margin", axis), self.size[axis] - c.size[axis]
+                shift = offset + before if axis == along else (before, gap - after, int(gap / 2))[align]
+                c.corner[axis] = self.corner[axis] + self.edges("padding", axis)[0] + shift
+            offset += c.outer(along)
         super().place()
 
 
 class Panel(List):
-    hidesChildren = True
+    hides_children = True
 
     def draw(self, painter, clip):
-        painter.ninePatch(*self.rect(), clip)
+        painter.nine_patch(*self.corner, *self.size, clip)
 
 
 class Button(List):
-    hidesChildren = True
+    hides_children = True
 
     def __init__(self, widget):
         super().__init__(widget, [])
@@ -248,12 +245,12 @@ class Button(List):
 
     def measure(self):
         label, face = self.children[0], WIDGETS["button"]["normal"]
-        minHeight, self.paddingTop = max(face["height"], label.height), int((self.height - label.height) / 2)
+        height, self.paddingTop = max(face["height"], label.size[1]), int((self.size[1] - label.size[1]) / 2)
         super().measure()
-        self.setSize(self.width + face["left"] + face["right"], minHeight)
+        self.resize((self.size[0] + face["left"] + face["right"], height), lambda policy: policy != SIZE_FIXED)
 
     def draw(self, painter, clip):
-        painter.bar(WIDGETS["button"]["hover" if self.isHovered else "normal"], self.x, self.y, self.width, False, clip)
+        painter.bar(WIDGETS["button"]["hover" if self.isHovered else "normal"], *self.corner, self.size[0], False, clip)
 
 
 class Anchored(Node):
@@ -264,16 +261,15 @@ class Anchored(Node):
             widget.addChild(child.widget, *anchor)
 
     def place(self):
-        for c, (x, y, anchorX, anchorY) in zip(self.children, self.anchors):
-            c.x, c.y = self.x + x + c.marginLeft, self.y + y + c.marginTop
-            if anchorX == zelvarine.ANCHOR_RIGHT:
-                c.x = self.x + self.width - x - c.marginRight - c.width
-            if anchorX == zelvarine.ANCHOR_CENTER:
-                c.x = self.x + int(self.width / 2 + c.marginLeft + x - c.marginRight - c.width / 2)
-            if anchorY == zelvarine.ANCHOR_BOTTOM:
-                c.y = self.y + self.height - y - c.marginBottom - c.height
-            if anchorY == zelvarine.ANCHOR_CENTER:
-                c.y = self.y + int(self.height / 2 + c.marginTop + y - c.marginBottom - c.height / 2)
+        for c, anchors in zip(self.children, self.anchors):
+            for axis, far in enumerate((zelvarine.ANCHOR_RIGHT, zelvarine.ANCHOR_BOTTOM)):
+                (before, after), offset, anchor = c.edges("margin", axis), anchors[axis], anchors[axis + 2]
+                size, shift = self.size[axis], offset + before
+                if anchor == far:
+                    shift = size - offset - after - c.size[axis]
+                if anchor == zelvarine.ANCHOR_CENTER:
+                    shift = int(size / 2 + before + offset - after - c.size[axis] / 2)
+                c.corner[axis] = self.corner[axis] + shift
         super().place()
 
 
@@ -282,21 +278,20 @@ class Slider(Node):
         super().__init__(widget)
         names = ("verticalBackground", "verticalButton", "topButton", "bottomButton") if vertical else \
             ("horizontalBackground", "horizontalButton", "leftButton", "rightButton")
-        self.bar, knob, *self.ends = [WIDGETS["slider"][name] for name in names]
-        self.vertical, self.knob = vertical, knob["normal"]
+        self.bar, *pieces = [WIDGETS["slider"][name] for name in names]
+        self.knob, self.first, self.last = [piece["normal"] for piece in pieces]
+        self.vertical, self.along = vertical, "height" if vertical else "width"
 
     def content(self):
-        along, first, last = ("height", "top", "bottom") if self.vertical else ("width", "left", "right")
-        length = self.bar[first] + self.bar[last] + 2 * self.knob[along] + sum(end["normal"][along] for end in self.ends)
+        length = sum(self.bar[key] for key in (("top", "bottom") if self.vertical else ("left", "right")))
+        length += sum(piece[self.along] for piece in (self.knob, self.knob, self.first, self.last))
         return (self.bar["width"], length) if self.vertical else (length, self.bar["height"])
 
     def draw(self, painter, clip):
-        first, second = [end["normal"] for end in self.ends]
-        length = self.height if self.vertical else self.width
-        track = length - first["width"] - second["width"] - self.knob["height" if self.vertical else "width"]
-        offset = first["width"] + int(numpy.float32(self.percent) * numpy.float32(track))
-        moved = lambda by: (self.x, self.y + by) if self.vertical else (self.x + by, self.y)
-        painter.bar(self.bar, self.x, self.y, length, self.vertical, clip)
-        painter.piece(first, self.x, self.y, clip)
-        painter.piece(second, *moved(length - second["height" if self.vertical else "width"]), clip)
-        painter.piece(self.knob, *moved(offset), painter.all)
+        length, (x, y) = self.size[self.vertical], self.corner
+        track = length - self.first["width"] - self.last["width"] - self.knob[self.along]
+        painter.bar(self.bar, x, y, length, self.vertical, clip)
+        moved = self.first["width"] + int(numpy.float32(self.percent) * numpy.float32(track))
+        for piece, offset, shown in ((self.first, 0, clip), (self.last, length - self.last[self.along], clip),
+                                     (self.knob, moved, painter.all)):
+            painter.piece(piece, *((x, y + offset) if self.vertical else (x + offset, y)), shown)
