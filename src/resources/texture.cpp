@@ -13,6 +13,8 @@ static bool isExactly(PyObject* o, PyTypeObject* type) { return o && Py_TYPE(o) 
 
 SurfaceHandle createSurface(int w, int h) {
     if (w < 0 || h < 0) raise(PyExc_ValueError, "the size of a texture must not be negative, got %d by %d", w, h);
+    // SDL writes to all of the memory at once: what the machine does not have would end the process.
+    if (int64_t{w} * h > INT_MAX / 4) raise(PyExc_ValueError, "a texture of %d by %d pixels is too large", w, h);
     SurfaceHandle surface(SDL_CreateRGBSurface(0, w, h, 32, redMask, greenMask, blueMask, alphaMask));
     if (!surface) raiseSdl("Could not create the texture.");
     return surface;
@@ -131,7 +133,7 @@ void declareTexture(Module& module) {
             "A software image of 32-bit pixels 0xAARRGGBB.\n\n"
             "Texture(w, h) with two ints is an empty image, transparent black. Texture(texture) copies an image,\n"
             "blending it onto transparent black. Texture(filename) loads an image file; IOError if that fails.\n"
-            "A negative size raises ValueError, one that memory does not hold EngineSdlException.\n\n"
+            "A negative size, or one of more than 2 GiB, raises ValueError; one that memory does not hold EngineSdlException.\n\n"
             "The pixels are open to scripts through the buffer protocol: memoryview(texture) and\n"
             "numpy.asarray(texture) are writable views of shape (height, width), one unsigned 32-bit word a\n"
             "pixel, without a copy.")
