@@ -70,7 +70,7 @@ def sprites_example(*words, **changes):
     (Scene(room(6, 6, [WHITE]), Camera((3, 3))), {(32, 20): 0xFFFEFEFE, (32, 39): 0xFFFDFDFD, (32, 0): 0xFFFEFEFE}),
     (fog_example(2.5), {(0, 20): 0xFF102030}), (fog_example(2.6), {(0, 20): 0xFF0F1F2E}),
     (ground_fog_example(2.0, 18), {(0, 78): 0xFFE4E4E4}), (ground_fog_example(3.5, 14), {(0, 20): 0xFFFCFCFC}),
-    (sky_example(61), {(0, 20): 0xFF04014A, (30, 20): 0xFF040000}), (sky_example(-60), {(0, 20): 0xFF04001E}),
+    (sky_example(61), {(0, 20): 0xFF04014A, (30, 20): 0xFF040000}), (sky_example(1500), {(0, 20): 0xFF04014A}),
     (sprites_example(0xFFFF0000, shadeless=True), {(20, 20): 0xFF00B464, (21, 20): 0xFFFE0000}),
     (sprites_example(0x00FFFF00), {(32, 20): 0xFF00B363}),
     (sprites_example(0x00FFFF00, additive=True), {(32, 20): 0xFF00B464}),
@@ -78,7 +78,7 @@ def sprites_example(*words, **changes):
     (sprites_example(0xFF000010, directions=4, shadeless=True, facing=(-1, 0.1)), {(32, 20): 0xFF00000F}),
     (sprites_example(0xFF000010, directions=4, shadeless=True, facing=(-0.1, 1)), {(32, 20): 0xFF00003F}),
     (sprites_example(0xFF000010, directions=4, shadeless=True, facing=(0.1, -1)), {(32, 20): 0xFF00001F}),
-], ids="mix solid-fog below-solid ground-fog single-precision sky mirrored-sky shadeless clear clear-light "
+], ids="mix solid-fog below-solid ground-fog single-precision sky sky-all-round shadeless clear clear-light "
        "same-distance front left right".split())
 def test_worked_examples(scene, pixels, tmp_path):
     World(scene, tmp_path).play()
