@@ -71,7 +71,6 @@ for times in 1, 3:
 def test_handles_control_and_tell_of_their_sound(engine, wav):
     sound = Sound(wav)
     endless, paused = sound.loop(0), sound.play()
-    assert sound.filename == wav and type(paused) is SoundHandle and type(paused.isPlaying()) is int
     paused.pause()
     time.sleep(0.2)
     assert (endless.isPlaying(), paused.isPlaying(), SoundHandle(-1).isPlaying()) == (1, 1, None)
@@ -83,7 +82,6 @@ def test_each_ending_of_music_becomes_one_event_and_none_is_lost(endings, wav):
     music, other = Music(wav), Music(OGG)
     music.play()
     assert seconds(lambda: endings(1) == [0]) < 5 and endings(1) == [0]
-    music.stop()  # nothing plays
     for _ in range(3):
         music.loop(0), other.stop()  # whichever plays
     assert endings(5) == [1, 1, 1, 0, 0]
@@ -113,10 +111,6 @@ def test_volumes(engine, wav):
     for volume, heard in (1000, 128), (40, 40):
         zelvarine.setSoundVolume(volume)
         assert (zelvarine.getSoundVolume(), helpers.sdl.Mix_Volume(0, -1)) == (volume, heard)
-    helpers.sdl.Mix_Volume(0, 90)
-    for play, heard in (lambda: sound.loop(1), 90), (sound.play, 40):
-        play()
-        assert helpers.sdl.Mix_Volume(0, -1) == heard
     for volume, heard in (40, 40), (-5, 40), (1000, 128):
         zelvarine.setMusicVolume(volume)
         assert zelvarine.getMusicVolume() == heard
@@ -126,45 +120,21 @@ def test_volumes(engine, wav):
 def test_what_cannot_be_played(endings, wav):
     sound, nothing = Sound(wav), Music.__new__(Music)
     handles = [sound.loop(0) for _ in range(32)]
-    for operation, arguments, words in ((Sound.play, (sound,), "Unable to play the sound!"),
-                                        (Sound.loop, (sound, 2), "Unable to play the sound!"),
-                                        (Music.play, (nothing,), "Unable to play music!"),
-                                        (Music.loop, (nothing, 1), "Unable to play music!")):
+    for operation, words in ((sound.play, "Unable to play the sound!"), (nothing.play, "Unable to play music!")):
         with pytest.raises(EngineException, match=words):
-            operation(*arguments)
-    nothing.fadeIn(10)
-    del sound, arguments
+            operation()
+    del sound, operation
     assert [handle.isPlaying() for handle in handles] == [0] * 32  # sounds end with their object
-
-
-@pytest.mark.parametrize("kind", [Sound, Music])
-def test_files_that_cannot_be_loaded(endings, wav, kind):
-    loaded = kind(wav)
-    for path in "missing \u00e4", __file__:
-        with pytest.raises(IOError) as caught:
-            loaded.__init__(path)
-        assert str(caught.value) == "Unable to load {} file '{}'".format(kind.__name__.lower(), path)
-    loaded.play()
-
-
-@pytest.mark.parametrize("number", [-2 ** 31, -1, 2 ** 31 - 1])
-def test_wild_numbers(endings, wav, number):
-    sound, music, handle = Sound(wav), Music(OGG), SoundHandle(number)
-    handle.pause(), handle.resume(), handle.stop()
-    assert sound.loop(number).isPlaying() == 1
-    for _ in range(20):  # each before or after the audio thread's next step
-        music.fadeInLoop(number, number, float(number))
-        music.fadeOut(2 ** 31 - 1), music.fadeOut(100)
-    for pos in float("nan"), float("inf"), float(number):
-        music.play(pos), music.fadeIn(10, pos=pos)
+    for kind, words in ((Sound, "Unable to load sound file 'no \u00e4'"), (Music, "Unable to load music file 'no \u00e4'")):
+        loaded = kind(wav)
+        with pytest.raises(IOError, match=words):
+            loaded.__init__("no \u00e4")
+        loaded.play()
 
 
 def test_audio_outlives_the_engine(wav):
     assert helpers.runScript("""
 from zelvarine import *
-engine = Engine()
-engine.init("", (8, 8), audioChannels=0)
-setSoundVolume(100)
 engine = Engine()
 engine.init("", (8, 8))
 path = {!r}

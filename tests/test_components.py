@@ -6,18 +6,11 @@ from zelvarine import (AbstractSystem, CollisionComponent, Ecs, Entity, Position
                        VelocityComponent, component)
 
 
-def test_an_id_is_exactly_an_int():
-    for bad in (True, 1.0, None, type("Id", (int,), {})(3)):
-        with pytest.raises(ValueError, match="^Entity ID must be int$"):
-            Entity(bad)
-
-
 def test_one_component_of_each_exact_type():
     first, second, derived = PositionComponent(), PositionComponent(), type("Derived", (PositionComponent,), {})()
     entity = Entity(-1, first, second, derived)
     view = entity.getComponents()
     assert list(view) == [second, derived]
-    entity.addComponent(first)
     assert entity.getComponent(PositionComponent) is second and entity.getComponent(RotationComponent) is None
     entity.removeComponent(first)  # another instance of the type
     entity.removeComponentType(RotationComponent)
@@ -38,6 +31,9 @@ def test_an_entity_gets_its_identity_as_id_and_keeps_it():
     assert (list(found), list(found), ecs.getEntityById(5), ecs.getEntityById(6)) == ([placed], [], placed, None)
     ecs.removeAllEntities()
     assert ecs.getEntities() == [] and named._ecs is None
+    for bad in (True, 1.0, None, type("Id", (int,), {})(3)):
+        with pytest.raises(ValueError, match="^Entity ID must be int$"):
+            Entity(bad)
 
 
 def test_membership_follows_entities_components_and_systems():
@@ -75,7 +71,7 @@ def test_what_a_system_is_told_and_when():
     assert calls[3:] == [ecs, None, (id(entity), ecs, [entity])] and ecs.getSystems() == [system]
 
 
-def test_update_walks_copies_and_stops_at_an_exception():
+def test_update_walks_copies():
     calls = []
 
     class System(AbstractSystem):
@@ -83,20 +79,16 @@ def test_update_walks_copies_and_stops_at_an_exception():
             calls.append((entity, timeStep))
             ecs.removeEntity(entity)
             ecs.removeSystem(last)
-
-    class Last(AbstractSystem):
-        def update(self, timeStep):
             ecs.addSystem(System())
-            raise KeyError(timeStep)
 
-    ecs, first, second, last = Ecs(None), Entity(1), Entity(2), Last()
-    for system in (System(), last, System()):
-        ecs.addSystem(system)
+    ecs, first, second, last = Ecs(None), Entity(1), Entity(2), type("Last", (AbstractSystem,), {})()
+    last.update = calls.append
+    ecs.addSystem(System())
+    ecs.addSystem(last)
     ecs.addEntity(first)
     ecs.addEntity(second)
-    with pytest.raises(KeyError):
-        ecs.update(0.5)
-    assert calls == [(first, 0.5), (second, 0.5)] and len(ecs.getSystems()) == 3
+    ecs.update(0.5)
+    assert calls == [(first, 0.5), (second, 0.5), 0.5] and len(ecs.getSystems()) == 3
 
 
 # ---- basic components
@@ -115,7 +107,6 @@ def test_defaults_and_what_is_shared():
 def test_missing_and_bad_keys():
     moving, collision = VelocityComponent(friction=3), CollisionComponent(1, True, ["a"], ["b"])
     moving.loadFromDict(None, {"x": 1, "y": 2})
-    moving.impulse = Vector2(3, 0)
     for bad in ({}, {"x": 5, "y": 5, "friction": 5, "impulse": {"x": 1}}):
         with pytest.raises(KeyError):
             moving.loadFromDict(None, bad)
@@ -127,17 +118,11 @@ def test_missing_and_bad_keys():
     assert collision.dumpToDict(None) == {"radius": 0.25, "isOnlyTrigger": False, "hasFlags": [], "ignoreFlags": []}
 
 
-# ---- the table of names
-
 def test_registering_a_class(monkeypatch):
     monkeypatch.setattr(zelvarine, "_COMPONENTS", {})
     old, new = type("Old", (), {}), type("New", (), {})
     assert component("inventory")(old) is old
     component("inventory")(new)
     assert zelvarine._COMPONENTS == {"inventory": new, new: "inventory", old: "inventory"}
-    for name, cls, words in ((5, "no class", "component name must be a string"),
-                             ("x", type("Meta", (type,), {})("Made", (), {}), "component type must be a class")):
-        decorator = component(name)
-        with pytest.raises(TypeError, match="^" + words + "$"):
-            decorator(cls)
-    assert len(zelvarine._COMPONENTS) == 3
+    with pytest.raises(TypeError, match="^component name must be a string$"):
+        component(5)("no class")

@@ -15,17 +15,13 @@ def font():
 
 
 @pytest.mark.parametrize("text", ["Hello", "", "\U0001f600", "line\nbreak\ttab\x07", "\u200b", "long " * 2000])
-def test_the_size_of_a_text_is_that_of_its_picture(font, text):
-    size = font.render(text, WHITE).getSize()
-    assert size == font.getRenderedTextSize(text)
-    assert size[1] == font.getRenderedTextSize("one line")[1] and (size[0] > 0) == bool(text.strip("\u200b"))
-
-
-@pytest.mark.parametrize("colour, alpha", [((10, 20, 30), 255), ([10.9, 20, 30, 128], 128)])
-def test_text_has_its_colour_everywhere_and_its_alpha_at_most(font, colour, alpha):
-    words = numpy.array(font.render("Hello", colour))
-    assert ((words & 0xFFFFFF) == 0x0A141E).all()
-    assert (words >> 24).min() == 0 and abs(int((words >> 24).max()) - alpha) <= 1
+def test_size_colour_and_alpha(font, text):
+    rendered = font.render(text, [10.9, 20, 30, 128])
+    assert rendered.getSize() == font.getRenderedTextSize(text)
+    assert rendered.height == font.getRenderedTextSize("one line")[1]
+    assert (rendered.width > 0) == bool(text.strip("\u200b"))
+    words = numpy.array(rendered)
+    assert ((words & 0xFFFFFF) == 0x0A141E).all() and (text != "Hello" or abs(int((words >> 24).max()) - 128) <= 1)
 
 
 def test_text_draws_like_the_same_pixels_from_a_file(font, tmp_path):
@@ -48,17 +44,14 @@ def test_lines_stand_one_below_the_other(font):
     opaque = narrow >> 24 == 255  # the others are blended onto black
     assert (below[:, :narrow.shape[1]][opaque] == narrow[opaque]).all() and opaque.any()
     assert not below[:, narrow.shape[1]:].any() and not gap.any()
-    assert font.renderLines(["", ""], WHITE).getSize() == (0, 2 * font.size)
     assert font.renderLines([], WHITE).getSize() == (0, 0)
 
 
 @pytest.mark.parametrize("text, colour, error, message", [
     ("text", (1, 2), UnboundLocalError, "local variable 'r' referenced before assignment"),
-    ("text", (1, 2, 3, 4, 5), UnboundLocalError, "local variable 'r' referenced before assignment"),
     ("text", (1, -10 ** 30, 3), OverflowError, "can't convert negative value to uint8_t"),
     ("text", (1, 2, 3, 256), OverflowError, "value too large to convert to uint8_t"),
-    (None, WHITE, AttributeError, "encode"), ("a\0b", WHITE, ValueError, "null"),
-    ("x" * 30000, WHITE, EngineSdlException, "")])
+    (None, WHITE, AttributeError, "encode"), ("x" * 30000, WHITE, EngineSdlException, "")])
 def test_bad_colours_and_texts(text, colour, error, message):
     font = Font(DEJAVU, 200)
     for render, given in (font.render, text), (font.renderLines, ["good", text]):
@@ -67,10 +60,6 @@ def test_bad_colours_and_texts(text, colour, error, message):
 
 
 def test_files_that_are_no_fonts(font):
-    for name in "no such file \u00e4", __file__:
-        with pytest.raises(IOError) as caught:
-            font.__init__(name, 40)
-        assert str(caught.value).startswith("Unable to load font file '" + name + "': b")
+    with pytest.raises(IOError, match="^Unable to load font file 'no such file \u00e4': b"):
+        font.__init__("no such file \u00e4", 40)
     assert font.size == 16 and font.render("still open", WHITE).width > 0
-    with pytest.raises(IOError, match="Couldn't set font size"):
-        Font(DEJAVU, 2 ** 31 - 1)

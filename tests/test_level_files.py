@@ -42,18 +42,11 @@ def pair(tmp_path, monkeypatch):
     return Pair(tmp_path)
 
 
-# ---- the pair of files
-
-@pytest.mark.parametrize("length", [0, 7, 8, 14, 10000])
-def test_short_grids_are_filled_up_and_surplus_is_ignored(pair, length):
-    content = bytes(i % 251 + 1 for i in range(length))
-    level = pair.load(content)
-    assert cells(level) == content[:14].ljust(14, b"\0") and level.metadata == {"width": 2, "height": 1}
-    assert (level.filename, level.textures, level.sprites, level._entities) == (pair.name, [], [], [])
-    assert fog(level) == ((0, 0, 0), 5, (255, 255, 255), 0)
-
-
-def test_fog_of_a_file(pair):
+def test_grid_and_fog_of_a_file(pair):
+    for content in b"", b"\1" * 8, b"\2" * 10000:  # short grids are filled up, surplus is ignored
+        level = pair.load(content)
+        assert cells(level) == content[:14].ljust(14, b"\0") and level.metadata == {"width": 2, "height": 1}
+        assert fog(level) == ((0, 0, 0), 5, (255, 255, 255), 0)
     level = pair.load(fogColor=[1, 2, 3], fogDensity=2.9, groundFogColor=[4, 5, 6], groundFogDensity=-1)
     assert fog(level) == ((1, 2, 3), 2, (4, 5, 6), -1)
     with unraisableReports() as reports:
@@ -70,7 +63,6 @@ def test_fog_of_a_file(pair):
     ({"width": True, "height": "1"}, LevelFormatException, "The 'width' property requires an int value"),
     ({"width": 1, "height": 2.0}, LevelFormatException, "The 'height' property requires an int value"),
     ({"width": -1, "height": 1}, OverflowError, "can't convert negative value to size_t"),
-    ({"width": -3, "height": -3}, OverflowError, "can't convert negative value to size_t"),
     ({"width": 2**31 - 1, "height": 2**31 - 1}, OverflowError, "a grid of")])
 def test_invalid_descriptions(pair, description, error, words):
     level = pair.load(b"\1" * 14)
@@ -78,44 +70,29 @@ def test_invalid_descriptions(pair, description, error, words):
         level.__init__(pair.write(description))
     if error is LevelFormatException:
         assert caught.value.filename == pair.name and level.metadata == {} and cells(level) == b"\1" * 14
+    os.unlink(pair.name)
+    with pytest.raises(FileNotFoundError):
+        Level(pair.name)
 
-
-def test_missing_files(pair):
-    for extension in ("", ".json"):
-        os.unlink(pair.write({"width": 1, "height": 1}) + extension)
-        with pytest.raises(FileNotFoundError):
-            Level(pair.name)
-
-
-# ---- assets
 
 def test_assets_in_the_order_of_the_file(pair):
     brick, moss, sheet = pair.image("brick.png"), pair.image("moss.png", 2, 2), pair.image("sheet.png", 64, 32)
-    slow = {"frames": 3, "oscillate": True, "speed": 2, "startFrame": 4, "directions": 8}
+    slow = {"frames": 3, "speed": 2, "startFrame": 4, "directions": 8}
     level = pair.load(skytex=moss, textures=[brick, moss, brick], sprites=[
         {"texture": sheet},
         {"texture": brick, "xFrames": 4, "yFrames": 2, "animations": {"z": {"frames": 2}, "a": slow}}])
     assert [texture.getSize() for texture in level.textures] == [(8, 4), (2, 2), (8, 4)]
-    assert level.textures[0] is not level.textures[2] and level.getTexture(1, 0, 0) is level.textures[0]
+    assert level.getTexture(1, 0, 0) is level.textures[0]
     plain, cut = level.sprites
-    assert (plain.width, plain.height, list(plain.animations)) == (64, 32, ["_"])
-    assert (cut.width, cut.height, list(cut.animations)) == (2, 2, ["z", "a"])
-    played = []
-    for sheet, key in ((plain, "_"), (cut, "z"), (cut, "a")):
+    assert (plain.width, list(plain.animations), cut.width, list(cut.animations)) == (64, ["_"], 2, ["z", "a"])
+    for sheet, key, played in ((plain, "_", (0, 1, 1, 1.0)), (cut, "z", (0, 2, 1, 0.1)), (cut, "a", (4, 7, 8, 2.0))):
         shown = SpriteComponent(sheet)
         shown.currentAnimationKey = key
-        played.append(playback(shown))
-    assert played == [(0, 1, 1, 1.0), (0, 2, 1, 0.1), (4, 7, 8, 2.0)]
-
-
-def test_where_assets_are_looked_for(pair, monkeypatch):
+        assert playback(shown) == played
     (pair.folder / "assets").mkdir()
-    pair.image("near.png", 1, 1), pair.image("assets/near.png", 2, 2)
-    assert [t.width for t in pair.load(textures=["near.png", str(pair.folder / "near.png")]).textures] == [1, 1]
-    assert [t.width for t in Level(pair.name, str(pair.folder / "assets")).textures] == [2, 1]
-    monkeypatch.chdir(pair.folder)
-    level = Level(os.path.basename(pair.name))
-    assert (level._assetsPath, level._convertPath("a/b"), level._convertPath("/a")) == ("", "a/b", "/a")
+    pair.image("assets/brick.png", 2, 2)
+    level = Level(pair.write({"width": 1, "height": 1, "textures": [brick]}), str(pair.folder / "assets"))
+    assert level.textures[0].width == 2
 
 
 def test_a_game_may_replace_every_step(pair):
@@ -124,25 +101,23 @@ def test_a_game_may_replace_every_step(pair):
     def replaced(name):
         def method(self, *arguments):
             called.append(name)
-            return None if "comment" in arguments else getattr(Level, name)(self, *arguments)
+            return getattr(Level, name)(self, *arguments)
         return method
 
-    reading = ["_loadFromFile", "_loadMetadata", "_loadAssets", "_convertPath", "createComponent", "createComponent",
-               "_loadFromDict"]
+    reading = ["_loadFromFile", "_loadMetadata", "_loadAssets", "_convertPath", "createComponent", "_loadFromDict"]
     writing = ["saveFile", "_updateEntityMetadata", "_dumpToDict", "_dumpToDict"]
     syncing = ["syncEntitiesFromEcs", "removeAllEntities", "addEntity"]
     Own = type("Own", (Level,), {name: replaced(name) for name in reading + writing + syncing})
     level = Own(pair.write({"width": 1, "height": 1, "textures": [pair.image("t.png")],
-                            "entities": [{"comment": "not a dict", "own": {"a": 1}}]}))
+                            "entities": [{"own": {"a": 1}}]}))
     level.saveFile(pair.name)
-    ecs = Ecs(None)
-    ecs.addEntity(Entity(5))
+    ecs, entity = Ecs(None), Entity(5)
+    ecs.addEntity(entity)
     level.syncEntitiesFromEcs(ecs)
-    assert called == reading + writing + syncing
-    assert level.metadata["entities"] == [{"id": -1, "own": {"a": 1}}]
+    assert called == reading + writing + syncing and level.getEntities() == [entity]
+    level.syncEntitiesToEcs(ecs)
+    assert ecs.getEntities() == level._entities
 
-
-# ---- entities
 
 def test_entities_and_unknown_components_of_a_file(pair, capsys):
     pair.image("t.png")
@@ -160,91 +135,44 @@ def test_entities_and_unknown_components_of_a_file(pair, capsys):
     assert (second["id"], second["tür"]) == (12, {})
 
 
-@pytest.mark.parametrize("bad", [{"position": {"x": 1}}, {"sprite": {"sprite": 0}}, {"id": "x"}, {"nul\0": {}}, None])
+@pytest.mark.parametrize("bad", [{"position": {"x": 1}}, {"sprite": {"sprite": 0}}, {"id": "x"}, None])
 def test_a_bad_entity_ends_the_list_and_not_the_level(pair, bad):
     with unraisableReports() as reports:
         level = pair.load(entities=[{"id": 1}, bad, {"id": 3}])
     assert "zelvarine.Level._loadEntities" in reports.getvalue()
     assert [entity.id for entity in level.getEntities()] == [1]
-
-
-def test_entities_by_their_dicts(pair):
-    level = pair.load(entities=[{"id": 1}])
+    level.metadata["entities"] = [{"id": 1}]
     added = level.addEntityFromJson({"id": 3})
     assert level.metadata["entities"] == [{"id": 1}, {"id": 3}] and level._entities[1] is added
     level.removeEntityFromJson(added)
     with pytest.raises(ValueError):
         level.removeEntityFromJson(added)
-    with pytest.raises(KeyError):
-        level.addEntityFromJson({"position": {}})
-    first, = level.getEntities()
-    assert level.metadata["entities"] == [{"id": 1}, {"position": {}}]
-    level.metadata["entities"].clear()
-    with pytest.raises(IndexError):
-        level.removeEntityFromJson(first)
-    del level.metadata["entities"]
-    with pytest.raises(KeyError):
-        level.addEntityFromJson({"id": 3})
-    assert level.getEntities() == [first]
+    assert level.metadata["entities"] == [{"id": 1}] and len(level._entities) == 1
 
-
-def test_entities_are_shared_with_the_registry(pair):
-    level, ecs, old = pair.load(entities=[{"id": 1}, {"id": 2}]), Ecs(None), Entity(9, PositionComponent())
-    ecs.addEntity(old)
-    level.syncEntitiesToEcs(ecs)
-    assert ecs.getEntities() == level._entities and old._ecs is None
-    ecs.addEntity(old)
-    level.syncEntitiesFromEcs(ecs)
-    assert [entity.id for entity in level.getEntities()] == [1, 2, 9]
-    assert level.getEntities(PositionComponent) == [old]
-    assert level.getEntities(PositionComponent, SpriteComponent) == []
-
-
-# ---- saving
 
 def test_an_empty_level_on_disk(pair, capsys):
     level = Level()
     capsys.readouterr()
-    level.setBlock(3, 1, 2)
-    level.fogDensity = 9
     level.saveFile(pair.name)
     assert capsys.readouterr().out == "wrote file {0}.json\nwrote file {0}\n".format(pair.name)
     description, grid = pair.read()
     assert description == ('{\n    "entities": [],\n    "fogColor": [\n        0,\n        0,\n        0\n    ],\n'
                            '    "fogDensity": 5,\n    "height": 30,\n    "width": 30\n}')
-    assert grid == cells(level) and len(grid) == 6300
-    again = Level(pair.name)
-    assert (cells(again), again.textures, again.getTexture(1, 1, 1)) == (grid, [], None)
+    assert grid == cells(level) and Level(pair.name).textures == []
 
 
 def test_failures_and_what_is_left(pair):
     level = pair.load(b"\1" * 14)
     before = pair.read()
-    for entity, error in ((Entity(2, object()), KeyError), (Entity(2, DummyComponent()), AttributeError)):
-        level._entities = [Entity(1), entity]
-        with pytest.raises(error):
-            level.saveFile(pair.name)
-        assert pair.read() == before and level.metadata["entities"] == [{"id": 1}]
+    level._entities = [Entity(1), Entity(2, object())]
+    with pytest.raises(KeyError):
+        level.saveFile(pair.name)
+    assert pair.read() == before and level.metadata["entities"] == [{"id": 1}]
     level._entities = []
     level.metadata["bad"] = {1, 2}
     with pytest.raises(TypeError):
         level.saveFile(pair.name)
     assert pair.read() == ("", before[1])
-
-
-def test_plain_values_of_any_object(pair):
-    level, item, inner, stand_in = pair.load(), DummyComponent(), DummyComponent(), DummyComponent()
-    inner.__dict__.update(_x=1, y={"k": {2}, "_l": 1})
-    item.__dict__.update(words=("a", "bc"), _secret=1, inner=inner, view={"a": 1}.keys(), none=None)
-    assert level._dumpToDict(item) == {"words": ["a", "bc"], "inner": {"y": {"k": [2]}}, "view": ["a"], "none": None}
-    item.circle = [item]
-    for bad, error in (({1: 2}, AttributeError), (item, RecursionError)):
-        with pytest.raises(error):
-            level._dumpToDict(bad)
-    stand_in.typeName, stand_in.a = "mine", 1
-    level.addEntity(Entity(4, stand_in))
-    level._updateEntityMetadata()
-    assert level.metadata["entities"] == [{"id": 4, "mine": {"typeName": "mine", "a": 1}}]
 
 
 @component("büchse")
@@ -261,7 +189,7 @@ def test_random_levels_there_and_back(pair, seed):
     chance = random.Random(seed)
 
     def vector():
-        return Vector2(chance.choice([-1.5, 1e300, chance.random()]), chance.choice([-0.1, 1e-300, chance.random()]))
+        return Vector2(chance.choice([-1.5, 1e300]), chance.random())
 
     def word():
         return "".join(chance.choice("aß漢🎲\\\"\n_ ") for _ in range(chance.randrange(6)))
