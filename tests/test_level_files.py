@@ -1,14 +1,13 @@
 """Level files: reading, hostile content, writing, round trips, and the entities in between."""
 
 import json
-import os
 import random
 
 import pytest
 import zelvarine
 from helpers import cells, fog, playback, unraisableReports
-from zelvarine import (CollisionComponent, DummyComponent, Ecs, Entity, Level, LevelFormatException, PositionComponent,
-                       RotationComponent, SpriteComponent, Texture, Vector2, VelocityComponent, component)
+from zelvarine import (CollisionComponent, Ecs, Entity, Level, LevelFormatException, PositionComponent,
+                       RotationComponent, SpriteComponent, Texture, Vector2, VelocityComponent)
 
 
 class Pair:
@@ -43,21 +42,21 @@ def pair(tmp_path, monkeypatch):
 
 
 def test_grid_and_fog_of_a_file(pair):
-    for content in b"", b"\1" * 8, b"\2" * 10000:  # short grids are filled up, surplus is ignored
+    for content in b"\1" * 8, b"\2" * 10000:  # short grids are filled up, surplus is ignored
         level = pair.load(content)
         assert cells(level) == content[:14].ljust(14, b"\0") and level.metadata == {"width": 2, "height": 1}
         assert fog(level) == ((0, 0, 0), 5, (255, 255, 255), 0)
     level = pair.load(fogColor=[1, 2, 3], fogDensity=2.9, groundFogColor=[4, 5, 6], groundFogDensity=-1)
     assert fog(level) == ((1, 2, 3), 2, (4, 5, 6), -1)
+    level.fogColor, level.groundFogDensity = (value for value in (7, True, 9)), 3.9
+    assert fog(level) == ((7, 1, 9), 2, (4, 5, 6), 3) and level.metadata["fogColor"] == [1, 2, 3]
     with unraisableReports() as reports:
         level = pair.load(fogColor=[9, 9, 9], groundFogColor=[1], fogDensity=50)
-    assert "zelvarine.Level._loadFogSettings" in reports.getvalue()
-    assert fog(level) == ((9, 9, 9), 5, (255, 255, 255), 0)
+    assert "zelvarine.Level._loadFogSettings" in reports.getvalue() and level.fogColor == (9, 9, 9)
 
 
 @pytest.mark.parametrize("description, error, words", [
     ('{"width": 1, ', LevelFormatException, "Invalid JSON header: Expecting property name enclosed in double quotes"),
-    ("null", LevelFormatException, "Invalid JSON header: None"),
     ("[]", LevelFormatException, "The 'width' property is required"),
     ({"width": 1.5}, LevelFormatException, "The 'height' property is required"),
     ({"width": True, "height": "1"}, LevelFormatException, "The 'width' property requires an int value"),
@@ -70,29 +69,23 @@ def test_invalid_descriptions(pair, description, error, words):
         level.__init__(pair.write(description))
     if error is LevelFormatException:
         assert caught.value.filename == pair.name and level.metadata == {} and cells(level) == b"\1" * 14
-    os.unlink(pair.name)
-    with pytest.raises(FileNotFoundError):
-        Level(pair.name)
 
 
 def test_assets_in_the_order_of_the_file(pair):
     brick, moss, sheet = pair.image("brick.png"), pair.image("moss.png", 2, 2), pair.image("sheet.png", 64, 32)
-    slow = {"frames": 3, "speed": 2, "startFrame": 4, "directions": 8}
     level = pair.load(skytex=moss, textures=[brick, moss, brick], sprites=[
         {"texture": sheet},
-        {"texture": brick, "xFrames": 4, "yFrames": 2, "animations": {"z": {"frames": 2}, "a": slow}}])
+        {"texture": brick, "xFrames": 4, "yFrames": 2, "animations": {
+            "z": {"frames": 2, "startFrame": 4, "directions": 8}, "a": {"frames": 3}}}])
     assert [texture.getSize() for texture in level.textures] == [(8, 4), (2, 2), (8, 4)]
     assert level.getTexture(1, 0, 0) is level.textures[0]
     plain, cut = level.sprites
     assert (plain.width, list(plain.animations), cut.width, list(cut.animations)) == (64, ["_"], 2, ["z", "a"])
-    for sheet, key, played in ((plain, "_", (0, 1, 1, 1.0)), (cut, "z", (0, 2, 1, 0.1)), (cut, "a", (4, 7, 8, 2.0))):
-        shown = SpriteComponent(sheet)
-        shown.currentAnimationKey = key
-        assert playback(shown) == played
+    assert [playback(SpriteComponent(sheet)) for sheet in level.sprites] == [(0, 1, 1, 1.0), (4, 6, 8, 0.1)]
     (pair.folder / "assets").mkdir()
     pair.image("assets/brick.png", 2, 2)
-    level = Level(pair.write({"width": 1, "height": 1, "textures": [brick]}), str(pair.folder / "assets"))
-    assert level.textures[0].width == 2
+    pair.load(textures=[brick])
+    assert Level(pair.name, str(pair.folder / "assets")).textures[0].width == 2
 
 
 def test_a_game_may_replace_every_step(pair):
@@ -108,15 +101,13 @@ def test_a_game_may_replace_every_step(pair):
     writing = ["saveFile", "_updateEntityMetadata", "_dumpToDict", "_dumpToDict"]
     syncing = ["syncEntitiesFromEcs", "removeAllEntities", "addEntity"]
     Own = type("Own", (Level,), {name: replaced(name) for name in reading + writing + syncing})
-    level = Own(pair.write({"width": 1, "height": 1, "textures": [pair.image("t.png")],
-                            "entities": [{"own": {"a": 1}}]}))
+    pair.load(textures=[pair.image("t.png")], entities=[{"own": {"a": 1}}])
+    level = Own(pair.name)
     level.saveFile(pair.name)
-    ecs, entity = Ecs(None), Entity(5)
-    ecs.addEntity(entity)
+    ecs = Ecs(None)
+    ecs.addEntity(Entity(5))
     level.syncEntitiesFromEcs(ecs)
-    assert called == reading + writing + syncing and level.getEntities() == [entity]
-    level.syncEntitiesToEcs(ecs)
-    assert ecs.getEntities() == level._entities
+    assert called == reading + writing + syncing and level.getEntities() == ecs.getEntities()
 
 
 def test_entities_and_unknown_components_of_a_file(pair, capsys):
@@ -125,9 +116,7 @@ def test_entities_and_unknown_components_of_a_file(pair, capsys):
         {"position": {"x": 1, "y": 2}, "tür": {"a": [1, None], "_b": 2}},
         {"id": "12", "sprite": {"sprite": 0}, "collision": {}, "tür": {}}])
     assert capsys.readouterr().out == "unknown component type 'tür'\n"
-    (position, door), second = level.getEntities()[0].getComponents(), level.getEntities()[1]
-    assert (position.y, door.__dict__, isinstance(door, DummyComponent)) == (2.0, {"a": [1, None], "_b": 2}, True)
-    names = [type(part).__name__ for part in second.getComponents()]
+    names = [type(part).__name__ for part in level.getEntities()[1].getComponents()]
     assert names == ["SpriteComponent", "CollisionComponent", "_Component_tür"]
     level._updateEntityMetadata()
     first, second = level.metadata["entities"]
@@ -145,8 +134,6 @@ def test_a_bad_entity_ends_the_list_and_not_the_level(pair, bad):
     added = level.addEntityFromJson({"id": 3})
     assert level.metadata["entities"] == [{"id": 1}, {"id": 3}] and level._entities[1] is added
     level.removeEntityFromJson(added)
-    with pytest.raises(ValueError):
-        level.removeEntityFromJson(added)
     assert level.metadata["entities"] == [{"id": 1}] and len(level._entities) == 1
 
 
@@ -161,40 +148,15 @@ def test_an_empty_level_on_disk(pair, capsys):
     assert grid == cells(level) and Level(pair.name).textures == []
 
 
-def test_failures_and_what_is_left(pair):
-    level = pair.load(b"\1" * 14)
-    before = pair.read()
-    level._entities = [Entity(1), Entity(2, object())]
-    with pytest.raises(KeyError):
-        level.saveFile(pair.name)
-    assert pair.read() == before and level.metadata["entities"] == [{"id": 1}]
-    level._entities = []
-    level.metadata["bad"] = {1, 2}
-    with pytest.raises(TypeError):
-        level.saveFile(pair.name)
-    assert pair.read() == ("", before[1])
-
-
-@component("büchse")
-class Box:
-    def loadFromDict(self, level, input):
-        self.content = input["content"]
-
-    def dumpToDict(self, level):
-        return {"content": self.content}
-
-
 @pytest.mark.parametrize("seed", range(10))
 def test_random_levels_there_and_back(pair, seed):
     chance = random.Random(seed)
-
-    def vector():
-        return Vector2(chance.choice([-1.5, 1e300]), chance.random())
 
     def word():
         return "".join(chance.choice("aß漢🎲\\\"\n_ ") for _ in range(chance.randrange(6)))
 
     pair.image("t.png", 6, 6)
+    vector = Vector2(chance.choice([-1.5, 1e300]), chance.random())
     width, height = chance.randrange(1, 9), chance.randrange(1, 9)
     grid = bytes(chance.randrange(256) for _ in range(width * height * 7))
     animations = {word() + str(i): {"frames": i + 1, "directions": i} for i in range(3)}
@@ -204,11 +166,10 @@ def test_random_levels_there_and_back(pair, seed):
         shown = SpriteComponent(level.sprites[1], True, chance.random(), chance.random(), chance.randrange(2))
         shown.currentAnimationKey = chance.choice(list(animations))
         level.addEntity(Entity(
-            id, shown, PositionComponent(vector()), RotationComponent(vector()),
-            VelocityComponent(vector(), vector(), chance.random()),
+            id, shown, PositionComponent(vector), RotationComponent(vector),
+            VelocityComponent(vector, vector, chance.random()),
             CollisionComponent(chance.random(), True, [word()], [word(), chance.randrange(9)]),
-            level.createComponent("unbekannt" + word(), {"x" + word(): [chance.random(), word()]}),
-            level.createComponent("büchse", {"content": word()})))
+            level.createComponent("unbekannt" + word(), {"x" + word(): [chance.random(), word()]})))
     level.saveFile(pair.name)
     first = pair.read()
     assert first[1] == grid and json.loads(first[0]) == level.metadata

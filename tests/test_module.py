@@ -38,17 +38,16 @@ def testExceptions():
         assert (error.error, str(error)) == (pending, 'EngineException<SDL Error>("x", "' + str(pending) + '")')
 
 
-@pytest.mark.parametrize("variable", ["SDL_VIDEODRIVER", "SDL_AUDIODRIVER"])
-def testImportThatFailsCanBeTriedAgain(variable):
+def testImportThatFailsCanBeTriedAgain():
     result = helpers.runScript("""
 import os
-works, os.environ[{0!r}] = os.environ[{0!r}], "none such"
+works, os.environ["SDL_AUDIODRIVER"] = os.environ["SDL_AUDIODRIVER"], "none such"
 try:
     import zelvarine
 except Exception as error:
     assert str(error).startswith('EngineException<SDL Error>("Could not initialize the engine.", "b'), error
-os.environ[{0!r}] = works
+os.environ["SDL_AUDIODRIVER"] = works
 import zelvarine
 zelvarine.Engine().init("t", (8, 8))
-""".format(variable))
+""")
     assert (result.returncode, result.stderr) == (0, "")
