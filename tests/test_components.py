@@ -2,7 +2,7 @@
 
 import pytest
 import zelvarine
-from zelvarine import (AbstractSystem, CollisionComponent, Ecs, Entity, PositionComponent, RotationComponent,
+from zelvarine import (AbstractSystem, CollisionComponent, Ecs, Entity, PositionComponent, RotationComponent, Vector2,
                        VelocityComponent, component)
 
 
@@ -23,15 +23,17 @@ def test_an_entity_gets_its_identity_as_id_and_keeps_it():
     for added in (entity, named, entity):
         ecs.addEntity(added)
     assert (entity.id, named.id, ecs.getEntities()) == (id(entity), -7, [entity, named])
-    ecs.removeEntity(entity)
+    for _ in range(2):
+        ecs.removeEntity(entity)
     assert (entity.id, entity._ecs, named._ecs) == (id(entity), None, ecs)
     found = ecs.getEntities(PositionComponent)  # lazy
     ecs.getEntities().append(placed)  # live
     assert (list(found), list(found), ecs.getEntityById(5), ecs.getEntityById(6)) == ([placed], [], placed, None)
     ecs.removeAllEntities()
     assert ecs.getEntities() == [] and named._ecs is None
-    with pytest.raises(ValueError, match="^Entity ID must be int$"):
-        Entity(True)
+    for bad in (True, 1.0, None, type("Id", (int,), {})(3)):
+        with pytest.raises(ValueError, match="^Entity ID must be int$"):
+            Entity(bad)
 
 
 def test_membership_follows_entities_components_and_systems():
@@ -69,12 +71,49 @@ def test_what_a_system_is_told_and_when():
     assert calls[3:] == [ecs, None, (id(entity), ecs, [entity])] and ecs.getSystems() == [system]
 
 
+def test_update_walks_copies():
+    calls = []
+
+    class System(AbstractSystem):
+        def _updateEntity(self, entity, timeStep):
+            calls.append((entity, timeStep))
+            ecs.removeEntity(entity)
+            ecs.removeSystem(last)
+            ecs.addSystem(System())
+
+    ecs, first, second, last = Ecs(None), Entity(1), Entity(2), type("Last", (AbstractSystem,), {})()
+    last.update = calls.append
+    ecs.addSystem(System())
+    ecs.addSystem(last)
+    ecs.addEntity(first)
+    ecs.addEntity(second)
+    ecs.update(0.5)
+    assert calls == [(first, 0.5), (second, 0.5), 0.5] and len(ecs.getSystems()) == 3
+
+
+# ---- basic components
+
+def test_defaults_and_what_is_shared():
+    velocity, rotation = VelocityComponent(), RotationComponent()
+    assert (velocity.x, velocity.y, velocity.friction, velocity.impulse.x) == (0, 0, 2, 0)
+    assert (rotation.dir.x, rotation.dir.y) == (1, 0)
+    first, second = CollisionComponent(), CollisionComponent(1)
+    assert (first.radius, first.isOnlyTrigger, first.hasFlags, first.ignoreFlags) == (0.25, False, [], [])
+    assert first.hasFlags is second.hasFlags and first.hasFlags is not first.ignoreFlags
+    pos = Vector2(1, 2)
+    assert PositionComponent(pos).pos is pos
+
+
 def test_missing_and_bad_keys():
     moving, collision = VelocityComponent(friction=3), CollisionComponent(1, True, ["a"], ["b"])
     moving.loadFromDict(None, {"x": 1, "y": 2})
-    with pytest.raises(KeyError):
-        moving.loadFromDict(None, {"x": 5, "y": 5, "friction": 5, "impulse": {"x": 1}})
+    for bad in ({}, {"x": 5, "y": 5, "friction": 5, "impulse": {"x": 1}}):
+        with pytest.raises(KeyError):
+            moving.loadFromDict(None, bad)
     assert moving.dumpToDict(None) == {"x": 1.0, "y": 2.0, "friction": 3.0}
+    with pytest.raises(TypeError):
+        collision.loadFromDict(None, {"radius": 2, "hasFlags": "ghost"})
+    assert collision.radius == 1.0
     collision.loadFromDict(None, {"hasFlags": []})
     assert collision.dumpToDict(None) == {"radius": 0.25, "isOnlyTrigger": False, "hasFlags": [], "ignoreFlags": []}
 
@@ -85,3 +124,5 @@ def test_registering_a_class(monkeypatch):
     assert component("inventory")(old) is old
     component("inventory")(new)
     assert zelvarine._COMPONENTS == {"inventory": new, new: "inventory", old: "inventory"}
+    with pytest.raises(TypeError, match="^component name must be a string$"):
+        component(5)("no class")

@@ -8,10 +8,11 @@ import pytest
 
 import helpers
 import zelvarine
-from zelvarine import Engine, EngineException, EngineSdlException, KeyEvent, Renderer, Texture
+from zelvarine import Engine, EngineException, EngineSdlException, Event, KeyEvent, Renderer, Texture
 
 
 def addSystem(engine, function):
+    """Has a function called in the system step of every frame."""
     system = type("System", (zelvarine.AbstractSystem,), {})()
     system.update = function
     engine.ecs.addSystem(system)
@@ -27,8 +28,18 @@ def test_before_and_after_init():
         engine.init("t", size)
         assert engine.isRunning() is True and engine.getWindowSize() == tuple(map(int, size))
         assert (engine.getFps(), engine.getTimeStep()) == (0.0, 0.016666666666666666)
-    with pytest.raises(EngineSdlException, match="Could not initialize the window."):
-        Engine().init("t", (10 ** 5, 10))
+
+
+@pytest.mark.parametrize("arguments, error, message", [
+    (dict(size=(10 ** 5, 10)), EngineSdlException, "Could not initialize the window."),
+    (dict(size=(-5, 10)), EngineSdlException, "Could not initialize the picture of the window."),
+    (dict(windowid=7), EngineSdlException, "Could not initialize the rendering subsystem"),
+])
+def test_failing_init(arguments, error, message):
+    engine = Engine()
+    with pytest.raises(error, match=message):
+        engine.init(**dict(dict(title="t", size=(64, 48)), **arguments))
+    assert not engine.isRunning() and engine.getWindowSize() == (0, 0)
 
 
 @pytest.mark.parametrize("stop", [helpers.pushQuit, lambda: helpers.pushKey(zelvarine.KEY_ESCAPE)])
@@ -43,7 +54,8 @@ def test_user_ends_run_but_not_the_window(engine, stop):
     engine.run()
     assert engine.isRunning() is False and engine.getWindowSize() == (64, 48)
     *keys, step = seen  # the frame runs to its end
-    assert keys[-1].key == zelvarine.KEY_A and step == engine.getTimeStep()
+    assert keys[-1].key == zelvarine.KEY_A and len(keys) == 1 + (stop is not helpers.pushQuit)
+    assert step == engine.getTimeStep()
     timer.join(5)
     assert not timer.is_alive() and Engine._timers == Engine._tasks == []
 
@@ -75,7 +87,9 @@ for e in (engine, other):
     e.setWindowSize((9, 9)), e.setFullscreen(True), e.captureMouse(True), e.saveScreenshot("x")
     assert e.getWindowPos() == e.getWindowSize() == (0, 0) and len(e.getMousePos()) == 2
     assert not (e.isRunning() or e.isFullscreen() or e.isMouseCaptured() or e.isMouseButtonPressed(1))
-other.init("again", (32, 16)), other.update(), other.quit()
+other.init("again", (32, 16)), other.update()
+assert other.getWindowSize() == (32, 16)
+engine.quit(), engine.quit()
 """)
     assert (result.returncode, result.stderr) == (0, "")
 
@@ -97,11 +111,15 @@ def test_order_of_a_frame_and_overridden_methods():
 
 
 def test_time_of_the_last_frame(engine):
-    for pause in 0, 0.02:
-        time.sleep(pause)
-        engine.update()
+    for _ in range(100):
+        engine.update()  # many of them within a millisecond, which is no time to measure
+    assert engine.getFps() <= 1000.0
+    time.sleep(0.02)
+    seen = []
+    addSystem(engine, seen.append)
+    engine.update()
     step = engine.getTimeStep()
-    assert 0.02 <= step < 1
+    assert seen == [step] and 0.02 <= step < 1
     assert engine.getFps() == 1000.0 / round(step * 1000) and step == 1.0 / engine.getFps()
 
 
@@ -131,6 +149,7 @@ def test_each_target_covers_its_part_of_the_picture(engine, tmp_path):
         pixels[:] = 0xFF000000 | mark << 16 | y << 8 | x
         expected[:height, :width] = pixels[:48, :64]
         engine.ecs.addSystem(Renderer(target))
+        engine.ecs.addSystem(Renderer(None))
         engine.update()
         engine.saveScreenshot(str(tmp_path / "shot.png"))
         assert (numpy.array(Texture(str(tmp_path / "shot.png"))) == expected).all()
@@ -143,7 +162,8 @@ def test_tasks_run_until_they_give_a_true_result(engine, monkeypatch):
     for _ in range(3):
         engine.update()
         assert calls[-1] == (engine.getTimeStep(), "done")
-    engine.addTask(lambda step, done: engine.addTaskAfter(0, lambda *late: calls.append("same frame") or True) or True)
+    sameFrame = lambda step, done: calls.append(done) or True
+    engine.addTask(lambda step, done: engine.addTaskAfter(0, sameFrame, "same frame") or True)
     engine.update()
     assert calls[3:] == ["same frame"] and Engine._tasks == Engine._timers == []
     engine.addTask(lambda step, done: 1 / 0)

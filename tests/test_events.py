@@ -27,26 +27,43 @@ def test_handlers_of_the_exact_type_are_called_in_order():
     assert calls == [(1, event), (2, event), (1, event)] and base == [] and event.isAlreadyHandled is False
     engine.fireEvent(event, evtType=Event)
     assert len(calls) == 3 and base == [event]
-    engine.unsubscribeEvent(OwnEvent, first)
-    engine.unsubscribeEvent(OwnEvent, print)
+    for eventType, handler in ((OwnEvent, first), (OwnEvent, print), (KeyEvent, first)):
+        engine.unsubscribeEvent(eventType, handler)
     assert Engine._eventSubscribers == {OwnEvent: [second, first], Event: [base.append]}
+
+
+def test_the_list_of_handlers_is_walked_live():
+    engine, calls = Engine(), []
+
+    def leaving(event):
+        calls.append("leaving")
+        engine.unsubscribeEvent(OwnEvent, leaving)
+        engine.subscribeEvent(OwnEvent, lambda event: calls.append("late"))
+
+    engine.subscribeEvent(OwnEvent, leaving)
+    engine.subscribeEvent(OwnEvent, lambda event: calls.append("skipped"))
+    engine.fireEvent(OwnEvent())
+    assert calls == ["leaving", "late"]
 
 
 @pytest.mark.parametrize("held, expected", [
     (helpers.LEFT_CTRL, (True, False, False)), (helpers.RIGHT_CTRL, (True, False, False)),
-    (helpers.LEFT_ALT, (False, True, False)), (helpers.LEFT_SHIFT, (False, False, True))])
+    (helpers.LEFT_ALT, (False, True, False)), (helpers.LEFT_SHIFT, (False, False, True)),
+])
 def test_keys_and_modifiers(engine, held, expected):
     engine.init("t", (8, 8), killWithEscapeKey=False)
     events, others = record(engine, KeyEvent), record(engine, KeyEvent)
     with helpers.heldKeys(held):
         helpers.pushKey(zelvarine.KEY_A)
+        helpers.pushKey(zelvarine.KEY_A, repeat=True)
         helpers.pushKey(zelvarine.KEY_A, down=False)
         helpers.pushKey(zelvarine.KEY_ESCAPE)
         engine.update()
         assert engine.isKeyPressed(zelvarine.KEY_LCTRL) == (held == helpers.LEFT_CTRL)
-    assert [e.key for e in events] == [zelvarine.KEY_A, zelvarine.KEY_ESCAPE] and engine.isRunning()
+    assert [e.key for e in events] == [zelvarine.KEY_A, zelvarine.KEY_A, zelvarine.KEY_ESCAPE] and engine.isRunning()
     assert events[0] is others[0]  # one event for all handlers
     assert (events[0].isCtrlPressed, events[0].isAltPressed, events[0].isShiftPressed) == expected
+    assert engine.getKeyName(zelvarine.KEY_ESCAPE) == "Escape"
 
 
 def test_handler_that_raises(engine):
@@ -66,7 +83,8 @@ def test_handler_that_raises(engine):
 
 @pytest.mark.parametrize("windowSize, click, expected", [
     ((128, 96), (100, 50), (50, 25)), ((128, 96), (-3, 99), (-1, 49)), ((100, 48), (99, 47), (63, 47)),
-    ((32, 48), (2 ** 31 - 1, 5), (2 ** 31 - 1, 5))])
+    ((32, 48), (2 ** 31 - 1, 5), (2 ** 31 - 1, 5)),
+])
 def test_mouse(engine, windowSize, click, expected):
     clicks, turns = ([record(engine, eventType) for _ in range(2)] for eventType in (MouseClickEvent, MouseWheelEvent))
     engine.setWindowSize(windowSize)
@@ -81,5 +99,7 @@ def test_mouse(engine, windowSize, click, expected):
         assert first is not second  # each handler has an event of its own
     assert [(e.x, e.y, e.button) for e, in clicks] == [expected + (zelvarine.MOUSE_RIGHT,)] * 2
     assert [(e.x, e.y) for e, in turns] == [(-1, 2)] * 2  # not scaled
+    engine.update()
+    assert engine.getMouseDist() == (0, 0)
     helpers.moveMouse(30, 20)
     assert engine.getMousePos() == (30 * 64 // windowSize[0], 20 * 48 // windowSize[1])

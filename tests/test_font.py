@@ -3,7 +3,7 @@
 import numpy
 import pytest
 from helpers import DEJAVU, needsFont
-from zelvarine import EngineSdlException, Font
+from zelvarine import EngineSdlException, Font, Texture
 
 WHITE = (255, 255, 255)
 pytestmark = needsFont
@@ -22,6 +22,18 @@ def test_size_colour_and_alpha(font, text):
     assert (rendered.width > 0) == bool(text.strip("\u200b"))
     words = numpy.array(rendered)
     assert ((words & 0xFFFFFF) == 0x0A141E).all() and (text != "Hello" or abs(int((words >> 24).max()) - 128) <= 1)
+
+
+def test_text_draws_like_the_same_pixels_from_a_file(font, tmp_path):
+    text = font.render("Odd width", (255, 0, 0, 200))  # rows that SDL_ttf pads
+    text.saveFile(str(tmp_path / "text.png"))
+    pages = []
+    for source in text, Texture(str(tmp_path / "text.png")):
+        page = Texture(text.width + 3, text.height + 3)
+        page.fill((0, 90, 200))
+        page.copyFrom(source)
+        pages.append(numpy.array(page))
+    assert (pages[0] == pages[1]).all() and len(numpy.unique(pages[0])) > 10
 
 
 def test_lines_stand_one_below_the_other(font):

@@ -2,7 +2,8 @@
 
 import pytest
 from helpers import cells, fog
-from zelvarine import BLOCK_SQUARE, BLOCK_TRIANGLE_NORTH_EAST, TEXTURE_CEILING, TEXTURE_FLOOR, TEXTURE_WEST, Level
+from zelvarine import BLOCK_SQUARE, BLOCK_TRIANGLE_NORTH_EAST, TEXTURE_CEILING, TEXTURE_FLOOR, TEXTURE_WEST
+from zelvarine import Level, Texture
 
 ROOM = {"width": 30, "height": 30, "fogColor": [0, 0, 0], "fogDensity": 5}
 
@@ -36,6 +37,8 @@ def test_one_byte_of_one_cell_changes(level):
     expected[start], expected[start + 2], expected[start + 6] = 3, 44, 255
     assert cells(level) == expected and level.getBlock(3, 4) == 3
     assert level.getTexture(0, 3, 4) is None
+    level.textures.extend([Texture(1, 1)] * 3)
+    assert level.getTexture(0, 3, 4) is level.textures[3]
     for where in (0, 30, 0), (0, 0, 30), (0, -1, 0), (0, 0, -1), (7, 0, 0), (-1, 1, 1):
         operations = [level.getTextureIndex, level.getTexture, lambda *where: level.setTextureIndex(1, *where)]
         if where[0] == 0:
@@ -44,6 +47,15 @@ def test_one_byte_of_one_cell_changes(level):
             with pytest.raises(IndexError):
                 operation(*where)
     assert cells(level) == expected
+
+
+def test_fog_changes_the_level_and_not_its_metadata(level):
+    level.fogColor, level.groundFogColor = [1, 2, 3], (value for value in (4, True, 6))
+    level.fogDensity, level.groundFogDensity = 7.9, -3
+    for bad in ((1, 2), (1, 2, 3, 4)):
+        with pytest.raises(ValueError):
+            level.fogColor = bad
+    assert fog(level) == ((1, 2, 3), 7, (4, 1, 6), -3) and level.metadata == ROOM
 
 
 def test_printed_maps(capsys):
