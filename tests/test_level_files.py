@@ -177,3 +177,17 @@ def test_random_levels_there_and_back(pair, seed):
     assert (again.metadata, cells(again), len(again.textures), len(again.sprites)) == (level.metadata, grid, 3, 2)
     again.saveFile(pair.name)
     assert pair.read() == first
+
+
+def test_failures_and_what_is_left(pair):
+    level = pair.load(b"\1" * 14)
+    before = pair.read()
+    level._entities = [Entity(1), Entity(2, object())]
+    with pytest.raises(KeyError):
+        level.saveFile(pair.name)
+    assert pair.read() == before and level.metadata["entities"] == [{"id": 1}]
+    level._entities = []
+    level.metadata["bad"] = {1, 2}
+    with pytest.raises(TypeError):
+        level.saveFile(pair.name)
+    assert pair.read() == ("", before[1])
