@@ -2,8 +2,7 @@
 #include "engine.hpp"
 
 #include "events/joystick.hpp"
-
-#include <algorithm>
+#include "numbers.hpp"
 
 namespace zv {
 
@@ -72,14 +71,9 @@ void Engine::handleKey(int key) {
     fire(create<KeyEvent>(key, ctrl, alt, shift).raw());
 }
 
-// From window to picture, towards zero; what no int holds becomes the nearest that one does.
-static int scaled(int coordinate, double factor) {
-    return static_cast<int>(std::clamp(coordinate * factor, double{INT_MIN}, double{INT_MAX}));
-}
-
 void Engine::handleClick(const SDL_MouseButtonEvent& click) {
     auto [scaleX, scaleY] = getDisplayScaleFactor();
-    giveEach<MouseClickEvent>(handlersOf(classOf<MouseClickEvent>()), scaled(click.x, scaleX), scaled(click.y, scaleY),
+    giveEach<MouseClickEvent>(handlersOf(classOf<MouseClickEvent>()), truncate(click.x * scaleX), truncate(click.y * scaleY),
                               int{click.button});
 }
 
@@ -114,7 +108,7 @@ std::tuple<int, int> Engine::getMousePos() const {
     int x, y;
     SDL_GetMouseState(&x, &y);
     auto [scaleX, scaleY] = getDisplayScaleFactor();
-    return {scaled(x, scaleX), scaled(y, scaleY)};
+    return {truncate(x * scaleX), truncate(y * scaleY)};
 }
 
 void Engine::captureMouse(bool capture) {
