@@ -1,8 +1,10 @@
 """One catalogue of faults for every native class: what scripts may do wrong must raise, and never more than that."""
+import collections
 import gc
 import inspect
 import itertools
 import os
+import pathlib
 import subprocess
 import sys
 import types
@@ -10,12 +12,15 @@ import types
 import pytest
 
 import zelvarine
+from helpers import DEJAVU, needsFont
+from ui_reference import write_theme
 
 CLASSES = sorted((c for c in vars(zelvarine).values() if isinstance(c, type) and c.__module__ == "zelvarine"
                   and not c.__flags__ & (1 << 9)), key=lambda c: c.__name__)  # bit 9: made by a class statement
 NAN = float("nan")
 WILD = (None, 0, -1, 3, 2**31 - 1, -2**31, 2**31, 2**63, 1e300, -1e300, NAN, float("inf"), True, "", "a\0b", "\ud800", b"x",
         (), (1, 2), (1, 2, 3), [None], {}, {"x": "y"}, object(), object, len)
+TONE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "data", "tone.ogg")
 LEFT_OUT = {"run", "addTaskAfter"}  # they wait by design
 
 
@@ -25,6 +30,21 @@ def specimens():
         yield cls.__new__(cls)
         forgetful = type("Forgetful" + cls.__name__, (cls,), {"__init__": lambda self, *args, **kwargs: None})
         yield forgetful()
+
+
+def complete():
+    """Whole objects of the classes that arguments as wild as these do not make."""
+    z = zelvarine
+    theme = z.UITheme(write_theme(pathlib.Path.cwd()))
+    vector, texture, engine, level = z.Vector2(1, 0), z.Texture(8, 4), z.Engine(), z.Level()
+    walk = z.SpriteAnimation("walk", 2, False, 1.0, 0, 1)
+    return [engine, z.Ecs(engine), level, z.MovementSystem(level), z.Camera(vector, vector, 60, 0),
+            z.RaycastingRenderer(texture, level), z.Sprite(texture, 2, 1, [walk]), z.Font(DEJAVU, 9), z.Sound(TONE), z.Music(TONE),
+            theme, z.UIRenderer(texture, True, theme), z.UIImage(texture), z.UIScrollPanel(z.UIWidget())]
+
+
+def living():
+    return collections.Counter(type(o).__name__ for o in gc.get_objects() if isinstance(o, tuple(CLASSES)))
 
 
 def attempt(action, *args, **kwargs):
@@ -61,7 +81,15 @@ def exercise(thing, values):
 
 
 def exercise_all():
-    things = list(specimens())
+    exercise_each()
+    for registry in zelvarine.Engine._eventSubscribers, zelvarine.Engine._tasks:
+        registry.clear()
+    gc.collect()
+    assert not living()
+
+
+def exercise_each():
+    things = list(specimens()) + complete()
     for cls in CLASSES:
         made = [attempt(cls, *given) for given in arguments(cls, WILD)]
         things += [thing for thing in made if thing is not None][:2]
@@ -72,7 +100,8 @@ def exercise_all():
             attempt(thing.__init__, *given)
 
 
-def test_nothing_that_a_script_does_ends_the_process(tmp_path):
+@needsFont
+def test_nothing_that_a_script_does_ends_the_process_or_loses_an_object(tmp_path):
     path = os.pathsep.join(map(os.path.dirname, map(os.path.abspath, (__file__, zelvarine.__file__))))
     done = subprocess.run([sys.executable, "-c", "import test_faults; test_faults.exercise_all()"], cwd=str(tmp_path),
                           env=dict(os.environ, PYTHONPATH=path), stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, timeout=300)
