@@ -41,7 +41,7 @@ Ref<> RaycastingRenderer::getEntityAtScreenCoords(int x, int y) {
     });
     sortByDistance();
     Ref<> result;
-    forEach(members.raw(), [&](PyObject* entity) {
+    forEach(members.raw(), [&, width = width](PyObject* entity) {
         Point place = viewRot(componentOf<PositionComponent>(entity)->pos->point() - cameraPos);
         bool hidden = !(place.x > 0) || (!wall.outOfBounds && wall.dist < place.x);
         if (!hidden && squareCovers(place, scale, horizon, width, x, y)) result = Ref<>::borrow(entity);

@@ -12,8 +12,9 @@ static int skyColumn(const Image& sky, double angle) {
 void drawSky(const Image& sky, const View& view, double degrees, const Image& target) {
     if (sky.empty()) return;
     std::vector<int> skyX(static_cast<size_t>(view.width));
+    int leftOfMiddle = view.fov / 2;  // in whole degrees
     for (int x = 0; x < view.width; x++) {
-        double angle = static_cast<double>(x) / view.width * view.fov + degrees - view.fov / 2;
+        double angle = static_cast<double>(x) / view.width * view.fov + degrees - leftOfMiddle;
         skyX[static_cast<size_t>(x)] = skyColumn(sky, angle);
     }
     for (int y = 0; y < view.height; y++) {
