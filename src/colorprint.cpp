@@ -9,10 +9,10 @@ __PRINT_COLOR_RESET = "\x1b[0m"
 
 
 class TerminalColor:
-    """Colours what is printed inside a `with` block.
+    """Colors what is printed inside a `with` block.
 
-    The end of the block resets all colours, so blocks do not nest.
-    @param(color, str) the escape sequence that switches to the colour
+    The end of the block resets all colors, so blocks do not nest.
+    @param(color, str) the escape sequence that switches to the color
     """
 
     def __init__(self, color):

@@ -1,4 +1,4 @@
-// Colours for what a script prints on a terminal.
+// Colors for what a script prints on a terminal.
 #pragma once
 #include "binding/module.hpp"
 

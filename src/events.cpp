@@ -32,7 +32,8 @@ void FullscreenEvent::init(bool before, bool after) {
 void declareEvents(Module& module) {
     Class<Event>("zelvarine.Event", "The base class of all events.")
         .init<&Event::init>()
-        .property<&Event::isAlreadyHandled>("isAlreadyHandled", "bool; a note from one handler for whoever looks at the event later")
+        .property<&Event::isAlreadyHandled>(
+            "isAlreadyHandled", "bool; a note from one handler for whoever looks at the event later")
         .addTo(module.raw());
     Class<KeyEvent, Event>("zelvarine.KeyEvent", "A key went down, or repeats because it is held.")
         .init<&KeyEvent::init>({{"key"}, {"isCtrlPressed"}, {"isAltPressed"}, {"isShiftPressed"}})
@@ -42,7 +43,7 @@ void declareEvents(Module& module) {
         .readonly<&KeyEvent::isShiftPressed>("isShiftPressed", "bool; whether a Shift key is held")
         .addTo(module.raw());
     Class<MouseClickEvent, Event>("zelvarine.MouseClickEvent",
-            "A mouse button was released. The position is in pixels of the picture, whatever the window's size.")
+        "A mouse button was released. The position is in pixels of the picture, whatever the window's size.")
         .init<&MouseClickEvent::init>({{"x"}, {"y"}, {"button"}})
         .readonly<&MouseClickEvent::x>("x", "x coordinate in the picture, int")
         .readonly<&MouseClickEvent::y>("y", "y coordinate in the picture, int")

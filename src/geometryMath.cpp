@@ -73,21 +73,23 @@ std::string Vector2::text() const {
 
 void declareVector2(Module& module) {
     Class<Vector2>("zelvarine.Vector2",
-            "A mutable two-dimensional vector of floats.\n\n"
-            "`+` and `-` take two vectors and give a new one. `a * b` is the dot product of two vectors,\n"
-            "a float; `a * s` with any number `s` on the right is a new, scaled vector.")
+        "A mutable two-dimensional vector of floats.\n\n"
+        "`+` and `-` take two vectors and give a new one. `a * b` is the dot product of two vectors,\n"
+        "a float; `a * s` with any number `s` on the right is a new, scaled vector.")
         .init<&Vector2::init>({{"x"}, {"y"}})
         .method<&Vector2::set>("set", {{"other"}}, "Copies the coordinates of `other`.")
         .method<&Vector2::add>("add", {{"other"}}, "Adds `other` to this vector.")
         .method<&Vector2::sub>("sub", {{"other"}}, "Subtracts `other` from this vector.")
-        .method<&Vector2::scale>("scale", {{"factor", Required{}, "number"}}, "Multiplies both coordinates by `factor`.")
+        .method<&Vector2::scale>(
+            "scale", {{"factor", Required{}, "number"}}, "Multiplies both coordinates by `factor`.")
         .method<&Vector2::rotate>("rotate", {{"angle"}},
             "Rotates by `angle` degrees, from the positive x axis towards the positive y axis:\n"
             "clockwise on a map, where y grows to the south.")
         .method<&Vector2::negate>("negate", {}, "Changes the sign of both coordinates.")
         .method<&Vector2::normalize>("normalize", {}, "Divides by the length; a vector of length 0 stays as it is.")
         .method<&Vector2::copy>("copy", {}, "A new vector of the same coordinates.")
-        .method<&Vector2::getDegrees>("getDegrees", {}, "The angle from the positive x axis, atan2(y, x), in degrees from -180 to 180.")
+        .method<&Vector2::getDegrees>(
+            "getDegrees", {}, "The angle from the positive x axis, atan2(y, x), in degrees from -180 to 180.")
         .method<&Vector2::angleTo>("angleTo", {{"other"}},
             "The unsigned angle between two vectors, acos of their normalised dot product, in radians\n"
             "from 0 to pi. Raises ZeroDivisionError when one of them has length 0.")

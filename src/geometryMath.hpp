@@ -2,7 +2,7 @@
 #pragma once
 #include "binding/class.hpp"
 #include "binding/module.hpp"
-#include "point.hpp"
+#include "core/point.hpp"
 
 namespace zv {
 

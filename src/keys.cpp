@@ -7,6 +7,7 @@
 namespace zv {
 
 // In the order of SDL's list. SDL names letters in lower case.
+// clang-format off
 #define ZELVARINE_LETTERS(LETTER) \
     LETTER(A, a) LETTER(B, b) LETTER(C, c) LETTER(D, d) LETTER(E, e) LETTER(F, f) LETTER(G, g) LETTER(H, h) \
     LETTER(I, i) LETTER(J, j) LETTER(K, k) LETTER(L, l) LETTER(M, m) LETTER(N, n) LETTER(O, o) LETTER(P, p) \
@@ -40,12 +41,14 @@ namespace zv {
     KEY(AC_HOME) KEY(AC_BACK) KEY(AC_FORWARD) KEY(AC_STOP) KEY(AC_REFRESH) KEY(AC_BOOKMARKS) KEY(BRIGHTNESSDOWN) \
     KEY(BRIGHTNESSUP) KEY(DISPLAYSWITCH) KEY(KBDILLUMTOGGLE) KEY(KBDILLUMDOWN) KEY(KBDILLUMUP) KEY(EJECT) \
     KEY(SLEEP)
+// clang-format on
 
 struct Key {
     const char* name;
     SDL_Keycode code;
 };
 
+// clang-format off
 static constexpr Key keys[] = {
 #define LETTER(name, sdlName) {"KEY_" #name, SDLK_##sdlName},
 #define KEY(name) {"KEY_" #name, SDLK_##name},
@@ -54,6 +57,7 @@ static constexpr Key keys[] = {
 #undef KEY
 #undef LETTER
 };
+// clang-format on
 static_assert(std::size(keys) == 236);
 
 void declareKeys(Module& module) {

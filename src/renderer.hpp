@@ -8,9 +8,12 @@ namespace zv {
 struct Renderer : AbstractSystem {
     Ref<Texture> target;
 
-    void eachRef(RefVisitor& visit) override { AbstractSystem::eachRef(visit); visit(target); }
+    void eachRef(RefVisitor& visit) override {
+        AbstractSystem::eachRef(visit);
+        visit(target);
+    }
 
-    void init(Ref<Texture> newTarget, Rest componentTypes);
+    void init(Ref<Texture> newTarget, Args componentTypes);
     Ref<Texture> getTarget() const { return target; }
     void render() {}
     void update(double timeStep);

@@ -14,9 +14,9 @@ def xdotool(*arguments):
 
 
 def fourFields(width, height):
-    """The pixels of a picture of four fields of one colour each."""
-    colours = numpy.array([[0xFFC00000, 0xFF00C000], [0xFF0000C0, 0xFFC0C0C0]], "uint32")
-    return colours.repeat(height // 2, axis=0).repeat(width // 2, axis=1)
+    """The pixels of a picture of four fields of one color each."""
+    colors = numpy.array([[0xFFC00000, 0xFF00C000], [0xFF0000C0, 0xFFC0C0C0]], "uint32")
+    return colors.repeat(height // 2, axis=0).repeat(width // 2, axis=1)
 
 
 class Session:
@@ -46,8 +46,8 @@ class Session:
         """Whether the picture fills this part of the display, and a screenshot."""
         display = numpy.fromfile(self.folder + "/Xvfb_screen0", "uint8")  # the memory, laid out as an xwd file
         header = display[:80].view(">u4")
-        headerSize, bytesPerLine, colours = header[0], header[12], header[19]
-        pixels = display[headerSize + colours * 12:].reshape(480, bytesPerLine).view("<u4") | 0xFF000000
+        headerSize, bytesPerLine, colors = header[0], header[12], header[19]
+        pixels = display[headerSize + colors * 12:].reshape(480, bytesPerLine).view("<u4") | 0xFF000000
         self.engine.saveScreenshot(self.folder + "/shot.png")
         shot = numpy.array(Texture(self.folder + "/shot.png"))
         expected = fourFields(width, height)

@@ -56,20 +56,20 @@ class Scene:
 
 # ---- pixels
 
-def channels(operation, base, colour):
+def channels(operation, base, color):
     """`operation` on red, green and blue; the alpha of `base` stays."""
     word = base & 0xFF000000
     for shift in (0, 8, 16):
-        word |= operation(base >> shift & 255, colour >> shift & 255) << shift
+        word |= operation(base >> shift & 255, color >> shift & 255) << shift
     return word
 
 
-def mix(base, colour, a):
-    return channels(lambda b, c: (c * a + b * (255 - a)) >> 8, base, colour)
+def mix(base, color, a):
+    return channels(lambda b, c: (c * a + b * (255 - a)) >> 8, base, color)
 
 
-def add_light(base, colour, a):
-    return channels(lambda b, c: min(((b << 8) + c * a) >> 8, 255), base, colour)
+def add_light(base, color, a):
+    return channels(lambda b, c: min(((b << 8) + c * a) >> 8, 255), base, color)
 
 
 def pixel(image, x, y):

@@ -1,16 +1,16 @@
-"""Colours on the terminal."""
+"""Colors on the terminal."""
 
 import pytest
 import zelvarine
 
 
-def test_each_colour_and_its_background(capsys):
+def test_each_color_and_its_background(capsys):
     for position, name in enumerate(["RED", "GREEN", "YELLOW", "BLUE", "MAGENTA", "CYAN", "WHITE"]):
         for suffix, first in ("", 31), ("_BG", 41):
-            colour = getattr(zelvarine, "TERMINAL_" + name + suffix)
-            with colour as entered:
+            color = getattr(zelvarine, "TERMINAL_" + name + suffix)
+            with color as entered:
                 print("text")
-            assert entered is colour and type(colour) is zelvarine.TerminalColor
+            assert entered is color and type(color) is zelvarine.TerminalColor
             assert capsys.readouterr().out == "\x1b[{}mtext\n\x1b[0m".format(first + position)
 
 

@@ -78,9 +78,9 @@ def test_gallery_answers_the_mouse(tmp_path):
     done = run("widgets.py", "--headless", "--pictures", str(tmp_path))
     assert (done.returncode, done.stderr) == (0, "")
     red, green, blue, alpha, width, height = map(int, re.search(
-        r"colour (\d+), (\d+), (\d+), alpha (\d+), picture (\d+) by (\d+)", done.stdout).groups())
+        r"color (\d+), (\d+), (\d+), alpha (\d+), picture (\d+) by (\d+)", done.stdout).groups())
     assert red < 30 and 80 < green < 110 and blue > 230 and 140 < alpha < 170 and width > 180 and height == 110
     assert re.search(r"scrolled to \d{4}, 100 and 150, and pressed", done.stdout)
     assert len({tuple(pixels(path)) for path in tmp_path.glob("*.png")}) == 9
-    # The mixed colour is to be seen; the bytes of a pixel are in the order of its word.
+    # The mixed color is to be seen; the bytes of a pixel are in the order of its word.
     assert bytes([blue, green, red]) in pixels(tmp_path / "08-sliders-moved.png")

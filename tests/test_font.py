@@ -15,7 +15,7 @@ def font():
 
 
 @pytest.mark.parametrize("text", ["Hello", "", "\U0001f600", "line\nbreak\ttab\x07", "\u200b", "long " * 2000])
-def test_size_colour_and_alpha(font, text):
+def test_size_color_and_alpha(font, text):
     rendered = font.render(text, [10.9, 20, 30, 128])
     assert rendered.getSize() == font.getRenderedTextSize(text)
     assert rendered.height == font.getRenderedTextSize("one line")[1]
@@ -47,16 +47,16 @@ def test_lines_stand_one_below_the_other(font):
     assert font.renderLines([], WHITE).getSize() == (0, 0)
 
 
-@pytest.mark.parametrize("text, colour, error, message", [
+@pytest.mark.parametrize("text, color, error, message", [
     ("text", (1, 2), UnboundLocalError, "local variable 'r' referenced before assignment"),
     ("text", (1, -10 ** 30, 3), OverflowError, "can't convert negative value to uint8_t"),
     ("text", (1, 2, 3, 256), OverflowError, "value too large to convert to uint8_t"),
     (None, WHITE, AttributeError, "encode"), ("x" * 30000, WHITE, EngineSdlException, "")])
-def test_bad_colours_and_texts(text, colour, error, message):
+def test_bad_colors_and_texts(text, color, error, message):
     font = Font(DEJAVU, 200)
     for render, given in (font.render, text), (font.renderLines, ["good", text]):
         with pytest.raises(error, match=message):
-            render(given, colour)
+            render(given, color)
 
 
 def test_files_that_are_no_fonts(font):

@@ -26,7 +26,7 @@ def write_theme(tmp_path):
 @pytest.mark.parametrize("value, word, channels", [
     ("FF102030", 0xFF102030, (16, 32, 48, 255)), ("0XFf102030", 0xFF102030, (16, 32, 48, 255)),
     (102030, 0x102030, (16, 32, 48, 0)), ("123456789A", 0x123456789A, (0x56, 0x78, 0x9A, 0x34))])
-def test_colours_as_words_and_as_channels(write_theme, value, word, channels):
+def test_colors_as_words_and_as_channels(write_theme, value, word, channels):
     theme = UITheme(write_theme(colors={"fontColor": value}))
     assert theme.getIntColor("fontColor") == getattr(theme, "__convertHex")(value) == word
     assert theme.getColor("fontColor") == getattr(theme, "__convertColor")(word) == channels

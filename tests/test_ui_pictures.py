@@ -84,7 +84,7 @@ def test_pictures_blend(ui, alphas, alpha):
 
 
 @helpers.needsFont
-def test_shown_text_follows_text_colour_and_font(ui):
+def test_shown_text_follows_text_color_and_font(ui):
     class Theme(FlatTheme):
         getFont = staticmethod(lambda name: font)
 

@@ -1,4 +1,4 @@
-"""What the textures are made of: ramps of colours from dark to light, masonry, boards, and metal studs."""
+"""What the textures are made of: ramps of colors from dark to light, masonry, boards, and metal studs."""
 
 import numpy as np
 
@@ -64,7 +64,7 @@ def boards(rng, blocks, ramp, along_y=True):
 
 
 def studs(colors, places, radius, ramp):
-    """Sets round metal heads, with a highlight and a small shadow, into the colours."""
+    """Sets round metal heads, with a highlight and a small shadow, into the colors."""
     for x, y in places:
         near, dx, dy = neighbourhood(x, y, radius + 2)
         distance = np.sqrt(dx * dx + dy * dy)

@@ -6,7 +6,7 @@ import zlib
 import numpy as np
 
 _SIGNATURE = b"\x89PNG\r\n\x1a\n"
-_COLOR_TYPES = {3: 2, 4: 6}  # channels -> PNG colour type: RGB, RGBA
+_COLOR_TYPES = {3: 2, 4: 6}  # channels -> PNG color type: RGB, RGBA
 
 
 def save(path, pixels):

@@ -1,4 +1,4 @@
-"""Seamless reliefs: height fields that repeat in both directions, their light and their colours.
+"""Seamless reliefs: height fields that repeat in both directions, their light and their colors.
 
 All fields are square arrays of SAMPLES x SAMPLES, DETAIL samples to a texel; positions and heights are in texels.
 """
@@ -146,7 +146,7 @@ def hollows(height, radius=3.0):
 
 
 def paint(tone, ramp):
-    """Colours of a tone from 0 to 1 on a ramp of "rrggbb" colours, dark to light."""
+    """Colors of a tone from 0 to 1 on a ramp of "rrggbb" colors, dark to light."""
     colors = np.array([[int(color[i:i + 2], 16) for i in (0, 2, 4)] for color in ramp], float)
     place = np.clip(tone, 0.0, 1.0) * (len(colors) - 1)
     low = np.minimum(place.astype(int), len(colors) - 2)
@@ -155,7 +155,7 @@ def paint(tone, ramp):
 
 
 def over(base, top, amount):
-    """Lays one coloured field over another where amount is 1."""
+    """Lays one colored field over another where amount is 1."""
     amount = np.asarray(amount)[..., None]
     return base * (1 - amount) + top * amount
 
@@ -165,7 +165,7 @@ def to_bytes(colors):
 
 
 def finish(colors, sharpen=0.35):
-    """Scales a coloured field down to the texture's pixels and crispens it a little."""
+    """Scales a colored field down to the texture's pixels and crispens it a little."""
     small = colors.reshape(SIZE, DETAIL, SIZE, DETAIL, 3).mean(axis=(1, 3))
     around = sum(np.roll(np.roll(small, dy, 0), dx, 1) for dy in (-1, 0, 1) for dx in (-1, 0, 1)) / 9
     return to_bytes(small + (small - around) * sharpen)

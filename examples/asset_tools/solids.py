@@ -131,7 +131,7 @@ class Stage:
 
 
 def with_alpha(color, alpha):
-    """Joins colours and alpha to RGBA bytes; what is fully transparent is black."""
+    """Joins colors and alpha to RGBA bytes; what is fully transparent is black."""
     alpha = to_bytes(alpha)
     return np.dstack([to_bytes(color) * (alpha > 0)[..., None], alpha])
 

@@ -92,11 +92,11 @@ class _Plate:
         self.height = height
 
     def bevel(self, ramp, light, shade):
-        """Colours of an edge that is lit from the top left."""
+        """Colors of an edge that is lit from the top left."""
         return paint(np.where(self.lit, light, shade), ramp)
 
     def face(self, ramp, top, bottom):
-        """Colours from the top down to the bottom."""
+        """Colors from the top down to the bottom."""
         return paint(top + (bottom - top) * self.y / (self.height - 1), ramp)
 
 

@@ -158,7 +158,7 @@ def bookshelf(rng):
 
 
 def stained_glass(rng):
-    """A lancet window of coloured glass in a dressed wall."""
+    """A lancet window of colored glass in a dressed wall."""
     wall_height, wall_tone = ashlar(rng, Blocks(ASHLAR))
     x, y = positions()
     dx, arch = np.abs(x - 32), 26.0

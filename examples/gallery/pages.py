@@ -62,11 +62,11 @@ def anchors(theme):
 
 
 def texts(theme):
-    """Several lines, colours, and what happens to text that has too little room."""
+    """Several lines, colors, and what happens to text that has too little room."""
     lines = panel(heading(theme, "Several lines"), text(VERSE, width=340))
-    colors = panel(heading(theme, "Colours"))
+    colors = panel(heading(theme, "Colors"))
     for color, words in (((230, 90, 70), "red"), ((120, 200, 120), "green"), ((120, 160, 240), "blue"),
-                         ((255, 255, 255, 120), "white, half there"), (None, "the colour of the theme")):
+                         ((255, 255, 255, 120), "white, half there"), (None, "the color of the theme")):
         colors.addChild(text(words, color))
     cut = panel(heading(theme, "Cut off at 120 pixels"), text("A text that does not fit its widget", width=120),
                 width=320)

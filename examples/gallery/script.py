@@ -34,7 +34,7 @@ def _mix_a_color(engine, sliders):
     tall = sliders.height
     engine.click(tall._x + tall.width // 2, tall._y + 8)
     engine.click(tall._x + tall.width // 2, tall._y + 8)
-    print("colour %d, %d, %d, alpha %d, picture %d by %d" % (
+    print("color %d, %d, %d, alpha %d, picture %d by %d" % (
         tuple(channel.value for channel in sliders.channels)
         + (sliders.alpha.value, sliders.width.value, sliders.height.value)))
 

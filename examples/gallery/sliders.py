@@ -13,7 +13,7 @@ PICTURE = 130
 
 
 class Sliders:
-    """Three sliders mix a colour, one sets how much of a picture is there, and two set its size."""
+    """Three sliders mix a color, one sets how much of a picture is there, and two set its size."""
 
     def __init__(self, theme, engine):
         self._color = Texture(SWATCH, SWATCH)
@@ -24,7 +24,7 @@ class Sliders:
         self._numbers = {}
         self._picture = UIImage(Texture(os.path.join(ASSETS, "textures", "stained_glass.png")), PICTURE, PICTURE)
         behind = Texture(os.path.join(ASSETS, "textures", "bricks.png"))
-        color = panel(heading(theme, "A colour"), row(
+        color = panel(heading(theme, "A color"), row(
             column(*[self._named(*item) for item in zip(("red", "green", "blue"), self.channels)]),
             spaced(UIImage(self._color), 0, 0, 0, 14)))
         pictures = fixed(UIAnchoredContainer(), 2 * PICTURE, PICTURE)

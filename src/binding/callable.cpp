@@ -1,4 +1,4 @@
-#include "callable.hpp"
+#include "binding/callable.hpp"
 
 #include <cstdio>
 
@@ -15,12 +15,13 @@ static void bindKeyword(const Signature& s, Ref<>* slots, size_t count, PyObject
     raise(PyExc_TypeError, "%s() got an unexpected keyword argument '%S'", function, key);
 }
 
-void bindArguments(const Signature& s, Ref<>* slots, size_t count, bool hasRest,
-                   PyObject* const* argv, Py_ssize_t given, PyObject* kwnames, PyObject* kwdict) {
+void bindArguments(const Signature& s, Ref<>* slots, size_t count, bool hasArgs, PyObject* const* argv,
+    Py_ssize_t given, PyObject* kwnames, PyObject* kwdict) {
     const char* function = s.name.text;
     size_t positional = static_cast<size_t>(given);
-    if (positional > count && !hasRest)
-        raise(PyExc_TypeError, "%s() takes at most %zu positional argument%s (%zd given)", function, count, count == 1 ? "" : "s", given);
+    if (positional > count && !hasArgs)
+        raise(PyExc_TypeError, "%s() takes at most %zu positional argument%s (%zd given)", function, count,
+            count == 1 ? "" : "s", given);
     for (size_t i = 0; i < std::min(positional, count); i++) slots[i] = Ref<>::borrow(argv[i]);
     for (Py_ssize_t i = 0; kwnames && i < PyTuple_GET_SIZE(kwnames); i++)
         bindKeyword(s, slots, count, PyTuple_GET_ITEM(kwnames, i), argv[given + i]);
@@ -59,7 +60,7 @@ std::string Documented::signature(const char* name, const char* self, const std:
     std::string list = self;
     auto add = [&](const std::string& item) { list += (list.empty() ? "" : ", ") + item; };
     for (const Param& p : params) add(written(p));
-    if (hasRest) add("*args");
+    if (hasArgs) add("*args");
     return std::string(name) + "(" + list + ")\n--\n\n";
 }
 

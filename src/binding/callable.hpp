@@ -1,6 +1,6 @@
 // From a C++ function to a Python callable: argument binding, conversion of arguments and result.
 #pragma once
-#include "convert.hpp"
+#include "binding/convert.hpp"
 
 #include <algorithm>
 #include <array>
@@ -17,9 +17,9 @@ template <class F> struct Callable;  // what a pointer tells about a function or
 template <class R, class... A> struct Callable<R (*)(A...)> {
     using Class = void;
     using Result = R;
-    using Args = std::tuple<A...>;
-    static constexpr bool hasRest = (std::is_same_v<A, Rest> || ...);
-    static constexpr size_t named = sizeof...(A) - hasRest;
+    using Parameters = std::tuple<A...>;
+    static constexpr bool hasArgs = (std::is_same_v<A, Args> || ...);
+    static constexpr size_t named = sizeof...(A) - hasArgs;
 };
 template <class R, class C, class... A> struct Callable<R (C::*)(A...)> : Callable<R (*)(A...)> {
     using Class = C;
@@ -28,21 +28,21 @@ template <class R, class C, class... A> struct Callable<R (C::*)(A...) const> : 
 
 // Sorts positional and keyword arguments into one slot per parameter; empty slots take the fallback. The slots
 // own their arguments: before Python 3.9, f(**d) lends those of `d`, and converting one of them may empty `d`.
-void bindArguments(const Signature&, Ref<>* slots, size_t count, bool hasRest,
-                   PyObject* const* argv, Py_ssize_t given, PyObject* kwnames, PyObject* kwdict);
+void bindArguments(const Signature&, Ref<>* slots, size_t count, bool hasArgs, PyObject* const* argv, Py_ssize_t given,
+    PyObject* kwnames, PyObject* kwdict);
 
 // What docs say of the parameters and the result, and the line that inspect.signature() reads.
 struct Documented {
     std::vector<std::string> argTypes;
     std::string resultType;
-    bool hasRest;
+    bool hasArgs;
 
     template <auto F> static Documented of() {
         using S = Callable<decltype(F)>;
         Documented d;
-        d.hasRest = S::hasRest;
+        d.hasArgs = S::hasArgs;
         [&]<size_t... I>(std::index_sequence<I...>) {
-            (d.argTypes.push_back(Convert<std::tuple_element_t<I, typename S::Args>>::name()), ...);
+            (d.argTypes.push_back(Convert<std::tuple_element_t<I, typename S::Parameters>>::name()), ...);
         }(std::make_index_sequence<S::named>{});
         using Result = std::remove_cvref_t<typename S::Result>;
         if constexpr (!std::is_void_v<Result>) d.resultType = Convert<Result>::name();
@@ -52,26 +52,30 @@ struct Documented {
     std::string text(const std::vector<Param>&, const char* doc) const;
 };
 
-template <auto F> PyObject* invoke(PyObject* self, PyObject* const* argv, Py_ssize_t given,
-                                   PyObject* kwnames, PyObject* kwdict = nullptr) {
+template <auto F> PyObject* invoke(
+    PyObject* self, PyObject* const* argv, Py_ssize_t given, PyObject* kwnames, PyObject* kwdict = nullptr) {
     using S = Callable<decltype(F)>;
     std::array<Ref<>, S::named + 1> slots;
     bool bound = kwnames || kwdict || given != static_cast<Py_ssize_t>(S::named);
-    if (bound) bindArguments(signatureOf<F>, slots.data(), S::named, S::hasRest, argv, given, kwnames, kwdict);
+    if (bound) bindArguments(signatureOf<F>, slots.data(), S::named, S::hasArgs, argv, given, kwnames, kwdict);
     return [&]<size_t... I>(std::index_sequence<I...>) -> PyObject* {
         const auto& params = signatureOf<F>.params;
-        [[maybe_unused]] auto one = [&]<size_t i>(std::integral_constant<size_t, i>) -> std::tuple_element_t<i, typename S::Args> {
-            using T = std::tuple_element_t<i, typename S::Args>;
-            if constexpr (std::is_same_v<T, Rest>) {
+        [[maybe_unused]] auto one =
+            [&]<size_t i>(std::integral_constant<size_t, i>) -> std::tuple_element_t<i, typename S::Parameters> {
+            using T = std::tuple_element_t<i, typename S::Parameters>;
+            if constexpr (std::is_same_v<T, Args>) {
                 Py_ssize_t taken = std::min<Py_ssize_t>(given, S::named);
-                return Rest{argv + taken, given - taken};
+                return Args{argv + taken, given - taken};
             } else return fromArgument<T>(bound ? slots[i].raw() : argv[i], params[i]);
         };
         // Braces convert from left to right, so the first bad argument is the one reported.
-        [[maybe_unused]] typename S::Args values{one(std::integral_constant<size_t, I>{})...};
+        [[maybe_unused]] typename S::Parameters values{one(std::integral_constant<size_t, I>{})...};
         auto run = [&]() -> decltype(auto) {
-            if constexpr (std::is_void_v<typename S::Class>) return F(std::forward<std::tuple_element_t<I, typename S::Args>>(std::get<I>(values))...);
-            else return (native<typename S::Class>(self)->*F)(std::forward<std::tuple_element_t<I, typename S::Args>>(std::get<I>(values))...);
+            if constexpr (std::is_void_v<typename S::Class>)
+                return F(std::forward<std::tuple_element_t<I, typename S::Parameters>>(std::get<I>(values))...);
+            else
+                return (native<typename S::Class>(self)->*F)(
+                    std::forward<std::tuple_element_t<I, typename S::Parameters>>(std::get<I>(values))...);
         };
         if constexpr (std::is_void_v<typename S::Result>) {
             run();
@@ -79,10 +83,11 @@ template <auto F> PyObject* invoke(PyObject* self, PyObject* const* argv, Py_ssi
         } else {
             return Convert<std::remove_cvref_t<typename S::Result>>::to(run());
         }
-    }(std::make_index_sequence<std::tuple_size_v<typename S::Args>>{});
+    }(std::make_index_sequence<std::tuple_size_v<typename S::Parameters>>{});
 }
 
-template <auto F> PyObject* methodEntry(PyObject* self, PyObject* const* argv, Py_ssize_t given, PyObject* kwnames) noexcept {
+template <auto F>
+PyObject* methodEntry(PyObject* self, PyObject* const* argv, Py_ssize_t given, PyObject* kwnames) noexcept {
     return guarded<PyObject*>(nullptr, [&] { return invoke<F>(self, argv, given, kwnames); });
 }
 template <auto F> PyObject* plainEntry(PyObject* self, PyObject*) noexcept {
@@ -90,8 +95,10 @@ template <auto F> PyObject* plainEntry(PyObject* self, PyObject*) noexcept {
 }
 template <auto F> PyMethodDef methodDef(const char* name, const char* doc) {
     using S = Callable<decltype(F)>;
-    if constexpr (S::named == 0 && !S::hasRest) return {name, plainEntry<F>, METH_NOARGS, doc};
-    else return {name, reinterpret_cast<PyCFunction>(reinterpret_cast<void*>(methodEntry<F>)), METH_FASTCALL | METH_KEYWORDS, doc};
+    if constexpr (S::named == 0 && !S::hasArgs) return {name, plainEntry<F>, METH_NOARGS, doc};
+    else
+        return {name, reinterpret_cast<PyCFunction>(reinterpret_cast<void*>(methodEntry<F>)),
+            METH_FASTCALL | METH_KEYWORDS, doc};
 }
 
 // Declares what a Python name, its parameters and defaults are; the class and module builders use it.
@@ -135,7 +142,7 @@ template <class... A> Ref<> callByName(PyObject* self, Name& name, const A&... a
 template <auto F, class Self, class... A> auto call(Self& self, A&&... args) {
     using S = Callable<decltype(F)>;
     static_assert(!std::is_pointer_v<typename S::Result> && !std::is_same_v<typename S::Result, std::string_view>,
-                  "the result of an override would not outlive the call");
+        "the result of an override would not outlive the call");
     if (Py_TYPE(self.self()) == &typeOf<typename S::Class>) return (self.*F)(std::forward<A>(args)...);
     Ref<> result = callByName(self.self(), signatureOf<F>.name, args...);
     if constexpr (!std::is_void_v<typename S::Result>) return Convert<typename S::Result>::from(result.raw());

@@ -1,6 +1,6 @@
 // Declares native classes to Python: methods, properties, documentation.
 #pragma once
-#include "callable.hpp"
+#include "binding/callable.hpp"
 
 #include <deque>
 
@@ -48,15 +48,25 @@ inline int clearEntry(PyObject* self) noexcept {
 }
 
 template <class T> struct Member;  // type of a data member or of a getter's result
-template <class C, class V> struct Member<V C::*> { using Class = C; using Value = V; };
-template <class C, class R> struct Member<R (C::*)()> { using Class = C; using Value = std::remove_cvref_t<R>; };
-template <class C, class R> struct Member<R (C::*)() const> { using Class = C; using Value = std::remove_cvref_t<R>; };
+template <class C, class V> struct Member<V C::*> {
+    using Class = C;
+    using Value = V;
+};
+template <class C, class R> struct Member<R (C::*)()> {
+    using Class = C;
+    using Value = std::remove_cvref_t<R>;
+};
+template <class C, class R> struct Member<R (C::*)() const> {
+    using Class = C;
+    using Value = std::remove_cvref_t<R>;
+};
 
 template <auto Get> PyObject* getEntry(PyObject* self, void*) noexcept {
     using M = Member<decltype(Get)>;
     return guarded<PyObject*>(nullptr, [&] {
         auto* object = native<typename M::Class>(self);
-        if constexpr (std::is_member_object_pointer_v<decltype(Get)>) return Convert<typename M::Value>::to(object->*Get);
+        if constexpr (std::is_member_object_pointer_v<decltype(Get)>)
+            return Convert<typename M::Value>::to(object->*Get);
         else return Convert<typename M::Value>::to((object->*Get)());
     });
 }
@@ -81,9 +91,10 @@ template <auto F> PyObject* reprEntry(PyObject* self) noexcept { return plainEnt
 // A binary operator: `F` gets the right operand. Operands of other types are left to Python.
 template <auto F> PyObject* operatorEntry(PyObject* left, PyObject* right) noexcept {
     using S = Callable<decltype(F)>;
-    using Right = std::tuple_element_t<0, typename S::Args>;
+    using Right = std::tuple_element_t<0, typename S::Parameters>;
     bool fits = PyObject_TypeCheck(left, &typeOf<typename S::Class>);
-    if constexpr (std::is_reference_v<Right>) fits = fits && PyObject_TypeCheck(right, &typeOf<std::remove_cvref_t<Right>>);
+    if constexpr (std::is_reference_v<Right>)
+        fits = fits && PyObject_TypeCheck(right, &typeOf<std::remove_cvref_t<Right>>);
     if (!fits) Py_RETURN_NOTIMPLEMENTED;
     return guarded<PyObject*>(nullptr, [&] { return invoke<F>(left, &right, 1, nullptr); });
 }
@@ -104,7 +115,8 @@ public:
             static_assert(std::is_base_of_v<Base, T>);
             type.tp_base = &typeOf<Base>;
             // Strictly larger than the base: Python then refuses to mix two native siblings in one class.
-            type.tp_basicsize = std::max<Py_ssize_t>(type.tp_basicsize, typeOf<Base>.tp_basicsize + static_cast<Py_ssize_t>(sizeof(void*)));
+            type.tp_basicsize = std::max<Py_ssize_t>(
+                type.tp_basicsize, typeOf<Base>.tp_basicsize + static_cast<Py_ssize_t>(sizeof(void*)));
         }
     }
     // The class doc keeps its words: the parameters show in the signature alone.

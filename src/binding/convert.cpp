@@ -1,4 +1,4 @@
-#include "convert.hpp"
+#include "binding/convert.hpp"
 
 namespace zv {
 
@@ -32,7 +32,8 @@ std::vector<Ref<>> unpack(PyObject* iterable, size_t count) {
         if (items.size() > count) raise(PyExc_ValueError, "too many values to unpack (expected %zu)", count);
     }
     if (PyErr_Occurred()) throw PythonError{};
-    if (items.size() < count) raise(PyExc_ValueError, "not enough values to unpack (expected %zu, got %zu)", count, items.size());
+    if (items.size() < count)
+        raise(PyExc_ValueError, "not enough values to unpack (expected %zu, got %zu)", count, items.size());
     return items;
 }
 

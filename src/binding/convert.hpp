@@ -1,6 +1,6 @@
 // Conversion of arguments and results. One specialisation per type; `name` is what docs call it.
 #pragma once
-#include "object.hpp"
+#include "binding/object.hpp"
 
 #include <climits>
 #include <cstdint>
@@ -28,7 +28,7 @@ struct Param {
 };
 
 // A last parameter of this type takes all remaining positional arguments (*args).
-struct Rest {
+struct Args {
     PyObject* const* items;
     Py_ssize_t size;
 };
@@ -157,9 +157,11 @@ template <class... T> struct Convert<std::tuple<T...>> {
     static PyObject* to(const std::tuple<T...>& v) {
         Ref<> result = Ref<>::steal(PyTuple_New(sizeof...(T)));
         Py_ssize_t i = 0;
-        std::apply([&](const T&... items) {
-            (PyTuple_SET_ITEM(result.raw(), i++, Ref<>::steal(Convert<T>::to(items)).release()), ...);
-        }, v);
+        std::apply(
+            [&](const T&... items) {
+                (PyTuple_SET_ITEM(result.raw(), i++, Ref<>::steal(Convert<T>::to(items)).release()), ...);
+            },
+            v);
         return result.release();
     }
     static std::string name() {
@@ -173,12 +175,16 @@ template <class T> T fromArgument(PyObject* given, const Param& param) {
     if constexpr (std::is_reference_v<T>) return Convert<T>::from(given);
     else {
         if (given) return Convert<T>::from(given);
-        return std::visit([](auto v) -> T {
-            if constexpr (std::is_arithmetic_v<T> && std::is_arithmetic_v<decltype(v)>) return static_cast<T>(v);
-            else if constexpr (std::is_same_v<T, Ref<>> && std::is_arithmetic_v<decltype(v)>) return Ref<>::steal(Convert<decltype(v)>::to(v));
-            else if constexpr (std::is_same_v<decltype(v), const char*> && std::is_convertible_v<const char*, T>) return v;
-            else return T{};
-        }, param.fallback);
+        return std::visit(
+            [](auto v) -> T {
+                if constexpr (std::is_arithmetic_v<T> && std::is_arithmetic_v<decltype(v)>) return static_cast<T>(v);
+                else if constexpr (std::is_same_v<T, Ref<>> && std::is_arithmetic_v<decltype(v)>)
+                    return Ref<>::steal(Convert<decltype(v)>::to(v));
+                else if constexpr (std::is_same_v<decltype(v), const char*> && std::is_convertible_v<const char*, T>)
+                    return v;
+                else return T{};
+            },
+            param.fallback);
     }
 }
 
@@ -190,7 +196,7 @@ template <class T> Ref<> toPython(const T& value) {
 inline Ref<> toPython(const char* text) { return Ref<>::steal(Convert<const char*>::to(text)); }
 
 // The remaining arguments as a tuple.
-inline Ref<Tuple> tupleOf(Rest arguments) {
+inline Ref<Tuple> tupleOf(Args arguments) {
     Ref<Tuple> tuple = Ref<Tuple>::steal(PyTuple_New(arguments.size));
     for (Py_ssize_t i = 0; i < arguments.size; i++)
         PyTuple_SET_ITEM(tuple.raw(), i, Ref<>::borrow(arguments.items[i]).release());

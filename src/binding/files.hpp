@@ -1,6 +1,6 @@
 // Files as Python's own open() gives them.
 #pragma once
-#include "module.hpp"
+#include "binding/module.hpp"
 
 namespace zv {
 
@@ -14,7 +14,11 @@ template <class F> void withFile(PyObject* name, const char* mode, F&& body) {
     } catch (...) {
         PyObject *type, *value, *traceback;
         PyErr_Fetch(&type, &value, &traceback);
-        if (!guarded(false, [&] { callByName(file.raw(), "close"_name); return true; })) PyErr_Clear();
+        if (!guarded(false, [&] {
+                callByName(file.raw(), "close"_name);
+                return true;
+            }))
+            PyErr_Clear();
         PyErr_Restore(type, value, traceback);
         throw;
     }

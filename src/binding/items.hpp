@@ -1,6 +1,6 @@
 // Access to dictionaries of plain values, as JSON gives them.
 #pragma once
-#include "module.hpp"
+#include "binding/module.hpp"
 
 namespace zv {
 

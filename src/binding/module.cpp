@@ -1,4 +1,4 @@
-#include "module.hpp"
+#include "binding/module.hpp"
 
 namespace zv {
 
@@ -14,8 +14,6 @@ Ref<> builtin(Name& name) {
     return getAttribute(builtins.raw(), name);
 }
 
-void print(const Ref<>& text) {
-    callFunction(builtin("print"_name).raw(), text);
-}
+void print(const Ref<>& text) { callFunction(builtin("print"_name).raw(), text); }
 
 }  // namespace zv

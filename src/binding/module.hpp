@@ -1,6 +1,6 @@
 // The module object: functions, values, and the names that the code reaches through it at run time.
 #pragma once
-#include "callable.hpp"
+#include "binding/callable.hpp"
 
 namespace zv {
 
@@ -16,7 +16,8 @@ public:
         text = documented.signature(name, "", params) + documented.text(params, doc);
         declareSignature<F>(name, std::move(params));
         definition = methodDef<F>(name, text.c_str());
-        return value(name, Ref<>::steal(PyCFunction_NewEx(&definition, nullptr, Ref<>::steal(PyModule_GetNameObject(object)).raw())));
+        return value(name,
+            Ref<>::steal(PyCFunction_NewEx(&definition, nullptr, Ref<>::steal(PyModule_GetNameObject(object)).raw())));
     }
     Module& value(const char* name, const Ref<>& v) {
         checked(PyObject_SetAttrString(object, name, v.raw()));

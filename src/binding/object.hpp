@@ -4,7 +4,7 @@
 // PyObject header. The header stays plain C, so the native part may have virtual
 // functions. Base and derived share one address: single inheritance only.
 #pragma once
-#include "python.hpp"
+#include "binding/python.hpp"
 
 #include <new>
 #include <stdexcept>
@@ -118,7 +118,8 @@ struct RefVisitor {
     }
     template <class T> void operator()(std::vector<Ref<T>>& refs) {
         if (!visit) std::vector<Ref<T>>(std::move(refs));
-        else for (auto& ref : refs) (*this)(ref);
+        else
+            for (auto& ref : refs) (*this)(ref);
     }
 };
 
@@ -131,9 +132,7 @@ template <class R, class F> R guarded(R onError, F&& body) noexcept {
         PyErr_NoMemory();
     } catch (const std::length_error&) {  // a container asked for more than there can be
         PyErr_NoMemory();
-    } catch (const std::exception& e) {
-        PyErr_SetString(PyExc_RuntimeError, e.what());
-    }
+    } catch (const std::exception& e) { PyErr_SetString(PyExc_RuntimeError, e.what()); }
     return onError;
 }
 
@@ -162,7 +161,11 @@ template <Letters L> Name& operator""_name() {
 // For operations that cannot pass an error on: it goes to the unraisable hook.
 // The result tells whether the body ran to its end.
 template <class F> bool unraisable(Name& where, F&& body) noexcept {
-    if (guarded(false, [&] { body(); return true; })) return true;
+    if (guarded(false, [&] {
+            body();
+            return true;
+        }))
+        return true;
     PyObject *type, *value, *traceback;
     PyErr_Fetch(&type, &value, &traceback);
     PyObject* name = guarded<PyObject*>(nullptr, [&] { return where.get(); });

@@ -8,7 +8,8 @@ void CollisionBodySystem::init() { initTypes({&typeOf<PositionComponent>, &typeO
 
 void CollisionBodySystem::update(double) {}
 
-std::optional<Point> CollisionBodySystem::getClosestLineCircleIntersections(Point center, float radius, Point lineStart, Point lineEnd) const {
+std::optional<Point> CollisionBodySystem::getClosestLineCircleIntersections(
+    Point center, float radius, Point lineStart, Point lineEnd) const {
     return closestLineCircleIntersection(center, radius, lineStart, lineEnd);
 }
 
@@ -25,7 +26,8 @@ Ref<> CollisionBodySystem::traceEntities(const Vector2& pos, Vector2& dir, doubl
     forEach(bodies.raw(), [&](PyObject* entity) {
         Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
         Ref<CollisionComponent> collision = componentOf<CollisionComponent>(entity);
-        auto hit = getClosestLineCircleIntersections(position->pos->point(), static_cast<float>(collision->radius), start, end);
+        auto hit = getClosestLineCircleIntersections(
+            position->pos->point(), static_cast<float>(collision->radius), start, end);
         if (!hit) return;
         double dist = length(*hit - start);
         if (dist > 0 && dist < limit) found.push_back({dist, Ref<>::borrow(entity)});
@@ -38,7 +40,7 @@ Ref<> CollisionBodySystem::traceEntities(const Vector2& pos, Vector2& dir, doubl
 
 void declareCollisionBodySystem(Module& module) {
     Class<CollisionBodySystem, AbstractSystem>("zelvarine.CollisionBodySystem",
-            "Holds the bodies: all entities with a PositionComponent and a CollisionComponent.")
+        "Holds the bodies: all entities with a PositionComponent and a CollisionComponent.")
         .init<&CollisionBodySystem::init>()
         .method<&CollisionBodySystem::update>("update", {{"timeStep"}}, "Does nothing: bodies need no work per frame.")
         .method<&CollisionBodySystem::traceEntities>("traceEntities", {{"pos"}, {"dir"}, {"maxDist"}},

@@ -1,6 +1,6 @@
 // The entities that can be collided with, as circles.
 #pragma once
-#include "collision/circles.hpp"
+#include "collision/core/circles.hpp"
 #include "geometryMath.hpp"
 #include "resources/entity/abstractsystem.hpp"
 
@@ -12,7 +12,8 @@ struct CollisionBodySystem : AbstractSystem {
     Ref<> traceEntities(const Vector2& pos, Vector2& dir, double maxDist);
 
 protected:
-    virtual std::optional<Point> getClosestLineCircleIntersections(Point center, float radius, Point lineStart, Point lineEnd) const;
+    virtual std::optional<Point> getClosestLineCircleIntersections(
+        Point center, float radius, Point lineStart, Point lineEnd) const;
 };
 
 void declareCollisionBodySystem(Module&);

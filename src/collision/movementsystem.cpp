@@ -1,6 +1,6 @@
 #include "collision/movementsystem.hpp"
 
-#include "raycaster/ray.hpp"
+#include "core/ray.hpp"
 #include "resources/entity/ecs.hpp"
 
 namespace zv {
@@ -74,7 +74,8 @@ const std::vector<MovementSystem::Body>& MovementSystem::currentBodies() {
     bodiesArePlain = true;
     forEach(Ref<List>(bodies->entities).raw(), [&](PyObject* entity) {
         bodiesArePlain = bodiesArePlain && Py_TYPE(entity) == &typeOf<Entity>;
-        current.push_back({Ref<>::borrow(entity), componentOf<PositionComponent>(entity), componentOf<CollisionComponent>(entity)});
+        current.push_back(
+            {Ref<>::borrow(entity), componentOf<PositionComponent>(entity), componentOf<CollisionComponent>(entity)});
     });
     knownBodies.swap(current);
     bodiesKnown = true;
@@ -94,7 +95,8 @@ void MovementSystem::updateEntity(PyObject* entity, double timeStep) {
     if (Py_TYPE(entity) != &typeOf<Entity> || Py_TYPE(pos.raw()) != &typeOf<Vector2>) bodiesKnown = false;
 }
 
-void MovementSystem::moveWithCollisionDetection(PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement) {
+void MovementSystem::moveWithCollisionDetection(
+    PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement) {
     Point from = position.pos->point();
     Move move{from, movement, from + movement, collision.radius};
     pushOutOfBodies(entity, move, position, collision);
@@ -111,7 +113,8 @@ static bool isIgnored(const Ref<List>& ignoreFlags, const Ref<List>& otherFlags)
     return found;
 }
 
-void MovementSystem::pushOutOfBodies(PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision) {
+void MovementSystem::pushOutOfBodies(
+    PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision) {
     if (!updating || !bodiesArePlain) bodiesKnown = false;
     for (size_t i = 0; i < currentBodies().size(); i++) {
         const Body& known = knownBodies[i];
@@ -129,7 +132,8 @@ void MovementSystem::pushOutOfBodies(PyObject* entity, Move& move, PositionCompo
 
 // Eight rays look for walls from where the mover came. A push goes along its ray, so that what is parallel to
 // a wall stays: sliding needs no code of its own.
-void MovementSystem::pushOffWalls(PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision) {
+void MovementSystem::pushOffWalls(
+    PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision) {
     constexpr double s = diagonalUnit;
     static constexpr Point directions[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}, {s, s}, {-s, -s}, {-s, s}, {s, -s}};
     Point origin = position.pos->point();
@@ -157,22 +161,24 @@ void MovementSystem::fireCollision(PyObject* entity, PyObject* other) {
 
 void declareMovementSystem(Module& module) {
     Class<CollisionEvent, Event>("zelvarine.CollisionEvent",
-            "An entity has run into something: `entity1` moved, `entity2` is the body that it ran into, or None for a wall.")
+        "An entity has run into something: `entity1` moved, `entity2` is the body that it ran into, or None for a wall.")
         .init<&CollisionEvent::init>({{"entity1"}, {"entity2"}})
         .readonly<&CollisionEvent::entity1>("entity1", "the entity that moved")
         .readonly<&CollisionEvent::entity2>("entity2", "the body that it ran into, or None for a wall")
         .addTo(module.raw());
     Class<MovementSystem, AbstractSystem>("zelvarine.MovementSystem",
-            "Moves all entities with a PositionComponent and a VelocityComponent. Those with a CollisionComponent are\n"
-            "kept out of bodies and of the walls of `level`, and every collision fires a CollisionEvent.\n\n"
-            "The system brings a CollisionBodySystem of its own into the Ecs that it is added to. Without a level\n"
-            "there are no walls, without an engine no events.")
+        "Moves all entities with a PositionComponent and a VelocityComponent. Those with a CollisionComponent are\n"
+        "kept out of bodies and of the walls of `level`, and every collision fires a CollisionEvent.\n\n"
+        "The system brings a CollisionBodySystem of its own into the Ecs that it is added to. Without a level\n"
+        "there are no walls, without an engine no events.")
         .init<&MovementSystem::init>({{"level"}})
         .method<&MovementSystem::update>("update", {{"timeStep"}}, "Moves all members; `timeStep` is in seconds.")
         .method<&MovementSystem::updateEntity>("_updateEntity", {{"entity"}, {"timeStep"}},
             "Moves one entity by its velocity and impulse; `timeStep` is in seconds.")
-        .method<&MovementSystem::setEcs>("_setEcs", {{"ecs"}}, "Takes the collision bodies along from the old Ecs to the new one.")
-        .method<&MovementSystem::setEngine>("_setEngine", {{"engine", Required{}, "Engine or None"}}, "Tells the collision bodies, too.")
+        .method<&MovementSystem::setEcs>(
+            "_setEcs", {{"ecs"}}, "Takes the collision bodies along from the old Ecs to the new one.")
+        .method<&MovementSystem::setEngine>(
+            "_setEngine", {{"engine", Required{}, "Engine or None"}}, "Tells the collision bodies, too.")
         .property<&MovementSystem::level>("_level", "the level whose blocks are the walls")
         .property<&MovementSystem::bodies>("_cbs", "the collision bodies, a CollisionBodySystem")
         .readonly<&MovementSystem::bodies>("collisionBodySystem", "the collision bodies, a CollisionBodySystem")

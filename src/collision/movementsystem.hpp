@@ -10,7 +10,10 @@ namespace zv {
 struct CollisionEvent : Event {
     Ref<Entity> entity1, entity2;
 
-    void eachRef(RefVisitor& visit) override { visit(entity1); visit(entity2); }
+    void eachRef(RefVisitor& visit) override {
+        visit(entity1);
+        visit(entity2);
+    }
     void init(Ref<Entity> mover, Ref<Entity> other);
 };
 
@@ -26,7 +29,8 @@ struct MovementSystem : AbstractSystem {
     void setEngine(Ref<Engine> newEngine);
 
 protected:
-    virtual void moveWithCollisionDetection(PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement);
+    virtual void moveWithCollisionDetection(
+        PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement);
 
 private:
     // A body with its components at hand. Every mover looks at every body, so they are fetched once for all

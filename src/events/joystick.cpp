@@ -18,8 +18,8 @@ bool Joystick::isButtonPressed(int button) const {
 }
 
 Ref<> Joystick::text() const {
-    return Ref<>::steal(PyUnicode_FromFormat("Joystick\n    name:    %S\n    axes:    %d\n    buttons: %d\n",
-                                             Ref<Str>(name).orNone(), axes, buttons));
+    return Ref<>::steal(PyUnicode_FromFormat(
+        "Joystick\n    name:    %S\n    axes:    %d\n    buttons: %d\n", Ref<Str>(name).orNone(), axes, buttons));
 }
 
 void JoystickAddedEvent::init(Ref<Joystick> newJoystick) {
@@ -33,15 +33,15 @@ Ref<Joystick> openNewestJoystick() {
     const char* name = SDL_JoystickName(device);
     Ref<Joystick> joystick = make<Joystick>();
     joystick->init(Convert<Ref<Str>>::from(toPython(name ? name : "").raw()), SDL_JoystickNumAxes(device),
-                   SDL_JoystickNumButtons(device));
+        SDL_JoystickNumButtons(device));
     joystick->attach(device);
     return joystick;
 }
 
 void declareJoystick(Module& module) {
     Class<Joystick>("zelvarine.Joystick",
-            "A joystick or gamepad. The engine makes them, see `Engine.joysticks`; one that a script makes has no\n"
-            "device. Without a device, and after `Engine.quit`, all axes are at 0.0 and no button is pressed.")
+        "A joystick or gamepad. The engine makes them, see `Engine.joysticks`; one that a script makes has no\n"
+        "device. Without a device, and after `Engine.quit`, all axes are at 0.0 and no button is pressed.")
         .init<&Joystick::init>({{"name"}, {"axes"}, {"buttons"}})
         .method<&Joystick::getAxis>("getAxis", {{"axis"}},
             "Position of an axis, counted from 0: from -1.0 to just below 1.0. An axis that the device does\n"
@@ -53,7 +53,8 @@ void declareJoystick(Module& module) {
         .readonly<&Joystick::axes>("axes", "number of axes, int")
         .readonly<&Joystick::buttons>("buttons", "number of buttons, int")
         .addTo(module.raw());
-    Class<JoystickAddedEvent, Event>("zelvarine.JoystickAddedEvent", "A joystick was plugged in, or was there from the start.")
+    Class<JoystickAddedEvent, Event>(
+        "zelvarine.JoystickAddedEvent", "A joystick was plugged in, or was there from the start.")
         .init<&JoystickAddedEvent::init>({{"joystick"}})
         .readonly<&JoystickAddedEvent::joystick>("joystick", "the Joystick")
         .addTo(module.raw());

@@ -26,7 +26,10 @@ private:
 struct JoystickAddedEvent : Event {
     Ref<Joystick> joystick;
 
-    void eachRef(RefVisitor& visit) override { Event::eachRef(visit); visit(joystick); }
+    void eachRef(RefVisitor& visit) override {
+        Event::eachRef(visit);
+        visit(joystick);
+    }
     void init(Ref<Joystick> newJoystick);
 };
 

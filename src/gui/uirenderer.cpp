@@ -6,7 +6,7 @@ namespace zv {
 
 void UIRenderer::init(Ref<Texture> newTarget, int newFillBackground, Ref<UITheme> newTheme) {
     PyObject* noComponentType = Py_None;  // which no entity has
-    Renderer::init(std::move(newTarget), Rest{&noComponentType, 1});
+    Renderer::init(std::move(newTarget), Args{&noComponentType, 1});
     fillBackground = newFillBackground != 0;
     theme = std::move(newTheme);
     Ref<UIAnchoredContainer> root = make<UIAnchoredContainer>();
@@ -32,7 +32,8 @@ void UIRenderer::render() {
     }
     Ref<> held = toPython(engine);
     auto [mouseX, mouseY] = Convert<std::tuple<int, int>>::from(callByName(held.raw(), "getMousePos"_name).raw());
-    bool isMouseLeftPressed = Convert<bool>::from(callByName(held.raw(), "isMouseButtonPressed"_name, SDL_BUTTON_LEFT).raw());
+    bool isMouseLeftPressed =
+        Convert<bool>::from(callByName(held.raw(), "isMouseButtonPressed"_name, SDL_BUTTON_LEFT).raw());
     // Each step takes the root that is there by then: a handler may have replaced it.
     Ref<UIWidget>(widget)->calculateMinSize();
     Ref<UIWidget>(widget)->calculateMaxSize();
@@ -67,13 +68,14 @@ void UIRenderer::handleScroll(MouseWheelEvent* event) {
 void declareUIRenderer(Module& module) {
     Class<UIRenderer, Renderer>("zelvarine.UIRenderer", "A UI render renders UI elements like text and buttons.")
         .init<&UIRenderer::init>({{"target"}, {"fillBackground", Required{}, "bool"}, {"theme"}})
-        .property<&UIRenderer::getWidget, &UIRenderer::setWidget>("widget",
-            "root of the widget tree, a UIAnchoredContainer at first; assigning attaches the whole new tree")
+        .property<&UIRenderer::getWidget, &UIRenderer::setWidget>(
+            "widget", "root of the widget tree, a UIAnchoredContainer at first; assigning attaches the whole new tree")
         .readonly<&UIRenderer::theme>("theme", "the UITheme of all widgets of this renderer, or None")
-        .method<&UIRenderer::getSize>("getSize", {}, "Returns the size of the render target\n@return((int, int)) width and height in pixels")
+        .method<&UIRenderer::getSize>(
+            "getSize", {}, "Returns the size of the render target\n@return((int, int)) width and height in pixels")
         .method<&UIRenderer::render>("render", {},
             "Renders a single frame onto the render target\n"
-            "It lays the tree of widgets out, updates it with the mouse of the engine and draws it, over the colour\n"
+            "It lays the tree of widgets out, updates it with the mouse of the engine and draws it, over the color\n"
             "\"background\" of the theme if `fillBackground` is set.")
         .method<&UIRenderer::setEngine>("_setEngine", {{"engine", Required{}, "Engine or None"}},
             "Called when the renderer joins or, with None, leaves an engine: clicks and wheel steps of that engine\n"

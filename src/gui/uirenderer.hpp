@@ -12,7 +12,11 @@ struct UIRenderer : Renderer {
     Ref<UITheme> theme;
     bool fillBackground = false;
 
-    void eachRef(RefVisitor& visit) override { Renderer::eachRef(visit); visit(widget); visit(theme); }
+    void eachRef(RefVisitor& visit) override {
+        Renderer::eachRef(visit);
+        visit(widget);
+        visit(theme);
+    }
 
     void init(Ref<Texture> newTarget, int newFillBackground, Ref<UITheme> newTheme);
     Ref<UIWidget> getWidget() const { return widget; }

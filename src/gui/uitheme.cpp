@@ -18,7 +18,9 @@ static Ref<> pathIn(const Ref<>& folder, const Ref<>& name) {
     return callByName(Module::global(path).raw(), join, folder, name);
 }
 
-static void setItem(const Ref<Dict>& dict, PyObject* key, const Ref<>& value) { checked(PyDict_SetItem(dict.raw(), key, value.raw())); }
+static void setItem(const Ref<Dict>& dict, PyObject* key, const Ref<>& value) {
+    checked(PyDict_SetItem(dict.raw(), key, value.raw()));
+}
 
 // By value: the name's own comparison may run a script, and the dict must outlive that.
 static Ref<> lookUp(Ref<Dict> dict, PyObject* key) { return Ref<>::steal(PyObject_GetItem(dict.orNone(), key)); }
@@ -88,21 +90,25 @@ std::tuple<int, int, int, int> UITheme::convertColor(PyObject* word) const {
 void declareUITheme(Module& module) {
     static const Param name{"name", Required{}, "str"};
     Class<UITheme>("zelvarine.UITheme",
-            "The look of the widgets, from a JSON file: \"tileset\" is an image, \"widgets\" the pieces in it,\n"
-            "\"fonts\" and \"colors\" have names that the widgets look up. Files are relative to the theme file.\n\n"
-            "A missing key raises KeyError, a colour that is no hexadecimal number ValueError; failures to read\n"
-            "the files pass through.")
+        "The look of the widgets, from a JSON file: \"tileset\" is an image, \"widgets\" the pieces in it,\n"
+        "\"fonts\" and \"colors\" have names that the widgets look up. Files are relative to the theme file.\n\n"
+        "A missing key raises KeyError, a color that is no hexadecimal number ValueError; failures to read\n"
+        "the files pass through.")
         .init<&UITheme::init>({{"filename"}})
         .readonly<&UITheme::widgets>("widgets", "dict of the pieces in the tileset, as the file holds them")
-        .method<&UITheme::getFont>("getFont", {name}, "The font of that name; KeyError if the theme lacks it.\n@return(Font)")
-        .method<&UITheme::getColor>("getColor", {name}, "Returns the RGBA color as a tuple\n@return((int, int, int, int))")
-        .method<&UITheme::getIntColor>("getIntColor", {name}, "Returns the RGB color as an int with one byte per color\n@return(int)")
-        .method<&UITheme::convertRgbaToIntColor>("_convertRgbaToIntColor", {{"color", Required{}, "(r, g, b) or (r, g, b, a)"}},
-            "The colour as a word 0xAARRGGBB, opaque without alpha.\n@return(int)")
+        .method<&UITheme::getFont>(
+            "getFont", {name}, "The font of that name; KeyError if the theme lacks it.\n@return(Font)")
+        .method<&UITheme::getColor>(
+            "getColor", {name}, "Returns the RGBA color as a tuple\n@return((int, int, int, int))")
+        .method<&UITheme::getIntColor>(
+            "getIntColor", {name}, "Returns the RGB color as an int with one byte per color\n@return(int)")
+        .method<&UITheme::convertRgbaToIntColor>("_convertRgbaToIntColor",
+            {{"color", Required{}, "(r, g, b) or (r, g, b, a)"}},
+            "The color as a word 0xAARRGGBB, opaque without alpha.\n@return(int)")
         .method<&UITheme::convertHex>("__convertHex", {{"value", Required{}, "str or int"}},
             "The number that `str(value)` is in base 16, with or without 0x before it.\n@return(int)")
-        .method<&UITheme::convertColor>("__convertColor", {{"word", Required{}, "int"}},
-            "A word 0xAARRGGBB as (r, g, b, a).")
+        .method<&UITheme::convertColor>(
+            "__convertColor", {{"word", Required{}, "int"}}, "A word 0xAARRGGBB as (r, g, b, a).")
         .addTo(module.raw());
 }
 

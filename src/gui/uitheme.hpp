@@ -1,4 +1,4 @@
-// The look of the widgets: a tileset, the pieces in it, fonts and colours, all from one JSON file.
+// The look of the widgets: a tileset, the pieces in it, fonts and colors, all from one JSON file.
 #pragma once
 #include "resources/font.hpp"
 
@@ -8,7 +8,13 @@ struct UITheme : Object {
     Ref<Texture> tileset;
     Ref<Dict> fonts = newDict(), intColors = newDict(), colors = newDict(), widgets = newDict();
 
-    void eachRef(RefVisitor& visit) override { visit(tileset); visit(fonts); visit(intColors); visit(colors); visit(widgets); }
+    void eachRef(RefVisitor& visit) override {
+        visit(tileset);
+        visit(fonts);
+        visit(intColors);
+        visit(colors);
+        visit(widgets);
+    }
 
     void init(PyObject* filename);
     Ref<Font> getFont(Ref<Str> name) const;

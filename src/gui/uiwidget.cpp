@@ -1,9 +1,9 @@
 #include "gui/uiwidget.hpp"
 
+#include "gui/geometry.hpp"
 #include "gui/uirenderer.hpp"
 #include "sdl/error.hpp"
 #include "ui/abstractcontainer.hpp"
-#include "ui/geometry.hpp"
 
 namespace zv {
 
@@ -29,8 +29,8 @@ void UIWidget::calculateMaxSize() {
     } else {
         return;
     }
-    if (sizePolicyX == SIZE_GROW) width = toPixels(int64_t{availableWidth} - marginLeft - marginRight);
-    if (sizePolicyY == SIZE_GROW) height = toPixels(int64_t{availableHeight} - marginTop - marginBottom);
+    if (sizePolicyX == SIZE_GROW) width = saturate(int64_t{availableWidth} - marginLeft - marginRight);
+    if (sizePolicyY == SIZE_GROW) height = saturate(int64_t{availableHeight} - marginTop - marginBottom);
 }
 
 SDL_Rect UIWidget::getClippedRect(const Clip& clip) {
@@ -38,7 +38,7 @@ SDL_Rect UIWidget::getClippedRect(const Clip& clip) {
     unraisable("zelvarine.UIWidget._getClippedRect"_name, [&] {
         int numbers[4], *number = numbers;
         for (const Ref<>* given : {&clip.x, &clip.y, &clip.width, &clip.height}) {
-            *number = toPixels(Convert<int64_t>::from(given->orNone()));
+            *number = saturate(Convert<int64_t>::from(given->orNone()));
             if (*number++ < 0) {
                 result = rect();
                 return;
@@ -49,7 +49,7 @@ SDL_Rect UIWidget::getClippedRect(const Clip& clip) {
     return result;
 }
 
-void assignEdges(const char* method, Rest values, int& top, int& right, int& bottom, int& left) {
+void assignEdges(const char* method, Args values, int& top, int& right, int& bottom, int& left) {
     Py_ssize_t n = values.size;
     if (n < 1 || n > 4) raise(PyExc_ValueError, "%s takes either 1, 2, 3 or 4 values. %zd were given.", method, n);
     auto value = [&](Py_ssize_t i) { return Convert<int>::from(values.items[i]); };
@@ -59,7 +59,9 @@ void assignEdges(const char* method, Rest values, int& top, int& right, int& bot
     left = value(n > 3 ? 3 : n > 1 ? 1 : 0);
 }
 
-void UIWidget::setMargin(Rest values) { assignEdges("setMargin", values, marginTop, marginRight, marginBottom, marginLeft); }
+void UIWidget::setMargin(Args values) {
+    assignEdges("setMargin", values, marginTop, marginRight, marginBottom, marginLeft);
+}
 
 bool UIWidget::isUnder(int mouseX, int mouseY) {
     return Convert<bool>::from(callByName(self(), "isInside"_name, mouseX, mouseY).raw());
@@ -94,7 +96,7 @@ void UIWidget::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
     }
     if (!isDragging) return;
     if (isMouseLeftPressed) {
-        int diffX = toPixels(int64_t{mouseX} - dragStartX), diffY = toPixels(int64_t{mouseY} - dragStartY);
+        int diffX = saturate(int64_t{mouseX} - dragStartX), diffY = saturate(int64_t{mouseY} - dragStartY);
         call<&UIWidget::onDrag>(*this, mouseX, mouseY, diffX, diffY);
     } else {
         isDragging = false;
@@ -145,23 +147,30 @@ void declareUIWidget(Module& module) {
             "Called when the button is released at the end of a drag; override it.")
         .method<&UIWidget::isInside>("isInside", {{"mouseX", Required{}, "float"}, {"mouseY", Required{}, "float"}},
             "Returns true if the given coordinates are inside the widget. Its edges are outside.")
-        .method<&UIWidget::pointInRect>("_pointInRect", {{"pointX"}, {"pointY"}, {"rectX"}, {"rectY"}, {"rectW"}, {"rectH"}},
+        .method<&UIWidget::pointInRect>("_pointInRect",
+            {{"pointX"}, {"pointY"}, {"rectX"}, {"rectY"}, {"rectW"}, {"rectH"}},
             "Whether a point is inside a rectangle. The edges are outside.")
-        .property<&UIWidget::sizePolicyX>("sizePolicyX", "where the width comes from: SIZE_AUTO, SIZE_FIXED or SIZE_GROW")
-        .property<&UIWidget::sizePolicyY>("sizePolicyY", "where the height comes from: SIZE_AUTO, SIZE_FIXED or SIZE_GROW")
+        .property<&UIWidget::sizePolicyX>(
+            "sizePolicyX", "where the width comes from: SIZE_AUTO, SIZE_FIXED or SIZE_GROW")
+        .property<&UIWidget::sizePolicyY>(
+            "sizePolicyY", "where the height comes from: SIZE_AUTO, SIZE_FIXED or SIZE_GROW")
         .property<&UIWidget::width>("width", "width in pixels; set anew in each frame unless sizePolicyX is SIZE_FIXED")
-        .property<&UIWidget::height>("height", "height in pixels; set anew in each frame unless sizePolicyY is SIZE_FIXED")
+        .property<&UIWidget::height>(
+            "height", "height in pixels; set anew in each frame unless sizePolicyY is SIZE_FIXED")
         .property<&UIWidget::x>("_x", "left edge in the render target; a container sets it in each frame")
         .property<&UIWidget::y>("_y", "top edge in the render target; a container sets it in each frame")
-        .property<&UIWidget::horizontalAlign>("horizontalAlign", "ALIGN_LEFT, ALIGN_RIGHT or ALIGN_CENTER, for a vertical list")
-        .property<&UIWidget::verticalAlign>("verticalAlign", "VALIGN_TOP, VALIGN_BOTTOM or VALIGN_MIDDLE, for a horizontal list")
+        .property<&UIWidget::horizontalAlign>(
+            "horizontalAlign", "ALIGN_LEFT, ALIGN_RIGHT or ALIGN_CENTER, for a vertical list")
+        .property<&UIWidget::verticalAlign>(
+            "verticalAlign", "VALIGN_TOP, VALIGN_BOTTOM or VALIGN_MIDDLE, for a horizontal list")
         .readonly<&UIWidget::isHovered>("isHovered", "whether the mouse was inside at the last update")
         .property<&UIWidget::onClick>("onClick", "called with the event of a click on the widget; a callable or None")
         .property<&UIWidget::marginLeft>("marginLeft", "room to the left in pixels")
         .property<&UIWidget::marginTop>("marginTop", "room above in pixels")
         .property<&UIWidget::marginRight>("marginRight", "room to the right in pixels")
         .property<&UIWidget::marginBottom>("marginBottom", "room below in pixels")
-        .property<&UIWidget::isVisible>("isVisible", "an invisible widget draws nothing, but keeps its room and takes clicks")
+        .property<&UIWidget::isVisible>(
+            "isVisible", "an invisible widget draws nothing, but keeps its room and takes clicks")
         .property<&UIWidget::isEnabled>("isEnabled", "a disabled widget takes no clicks")
         .property<&UIWidget::userData>("userData", "any object; free for the script")
         .addTo(module.raw());

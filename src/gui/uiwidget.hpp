@@ -21,7 +21,8 @@ struct Clip {
 };
 
 // How every render method declares its parameters.
-inline const std::vector<Param> clipParams{{"clipX", -1, "int"}, {"clipY", -1, "int"}, {"clipWidth", -1, "int"}, {"clipHeight", -1, "int"}};
+inline const std::vector<Param> clipParams{
+    {"clipX", -1, "int"}, {"clipY", -1, "int"}, {"clipWidth", -1, "int"}, {"clipHeight", -1, "int"}};
 
 // All numbers are pixels of the render target, positions absolute there.
 struct UIWidget : Object {
@@ -39,7 +40,12 @@ struct UIWidget : Object {
     int dragStartX = 0, dragStartY = 0;
     Ref<> userData;
 
-    void eachRef(RefVisitor& visit) override { visit(parent); visit(renderer); visit(onClick); visit(userData); }
+    void eachRef(RefVisitor& visit) override {
+        visit(parent);
+        visit(renderer);
+        visit(onClick);
+        visit(userData);
+    }
 
     // The operations of the layout pass and of drawing that scripts cannot reach.
     virtual void setRenderer(const Ref<UIRenderer>& newRenderer);
@@ -50,7 +56,7 @@ struct UIWidget : Object {
 
     void init() {}
     void setParent(Ref<AbstractUIContainer> newParent);
-    void setMargin(Rest values);
+    void setMargin(Args values);
     bool handleClick(MouseClickEvent* event);
     bool handleScroll(MouseWheelEvent*) { return false; }
     Ref<AbstractUIContainer> getParent() const { return parent; }
@@ -77,7 +83,7 @@ protected:
 };
 
 // Spreads 1 to 4 values over the edges of a box, in the order of the CSS shorthand.
-void assignEdges(const char* method, Rest values, int& top, int& right, int& bottom, int& left);
+void assignEdges(const char* method, Args values, int& top, int& right, int& bottom, int& left);
 
 void declareUIWidget(Module&);
 

@@ -10,7 +10,10 @@ struct Camera : Object {
     int pitch = 0;       // rows that the horizon is shifted down
     double ratio = 1.6;  // divides the height of the screen in all scaling
 
-    void eachRef(RefVisitor& visit) override { visit(pos); visit(dir); }
+    void eachRef(RefVisitor& visit) override {
+        visit(pos);
+        visit(dir);
+    }
 
     void init(Vector2& newPos, Vector2& newDir, int newFov, int newPitch, double newRatio);
 };

@@ -1,6 +1,6 @@
 // The sprite pass of a frame: what is read from entities and written back to them.
+#include "raycaster/core/sprites.hpp"
 #include "raycaster/frame.hpp"
-#include "raycaster/sprites.hpp"
 #include "resources/entity/basiccomponents.hpp"
 #include "resources/entity/spritecomponent.hpp"
 
@@ -8,7 +8,9 @@ namespace zv {
 
 // Which side of an entity is seen, in turns; 1 when the camera stands where the entity looks to.
 static double angleToCamera(Point toCamera, Point facing) {
-    return 1.0 - (std::atan2(toCamera.y, toCamera.x) - std::atan2(facing.y, facing.x) + 3.141592653589793) / 6.283185307179586 + 0.5;
+    return 1.0 -
+        (std::atan2(toCamera.y, toCamera.x) - std::atan2(facing.y, facing.x) + 3.141592653589793) / 6.283185307179586 +
+        0.5;
 }
 
 static void advance(SpriteComponent& sprite, const SpriteAnimation& animation, double timeStep) {
@@ -40,17 +42,17 @@ static int64_t frameNumber(const SpriteComponent& sprite, const SpriteAnimation&
 // Scripts may make sheets and animations of any numbers; what has no frame is not drawn.
 static bool canBeDrawn(const SpriteComponent& component) {
     const Sprite& sheet = *component.sprite;
-    return sheet.texture && !sheet.texture->image().empty() && sheet.width > 0 && sheet.height > 0 && sheet.xFrames > 0 &&
-           component.currentAnimation->directions > 0 && component.currentAnimation->frameCount > 0;
+    return sheet.texture && !sheet.texture->image().empty() && sheet.width > 0 && sheet.height > 0 &&
+        sheet.xFrames > 0 && component.currentAnimation->directions > 0 && component.currentAnimation->frameCount > 0;
 }
 
 static SpriteFrame frameOf(const SpriteComponent& component, int fog, int groundFog) {
     const Sprite& sheet = *component.sprite;
     int64_t number = frameNumber(component, *component.currentAnimation);
     auto inSheet = [](int64_t pixel) { return static_cast<int>(std::clamp<int64_t>(pixel, INT_MIN / 2, INT_MAX / 2)); };
-    return {sheet.texture->image(), inSheet(number % sheet.xFrames * sheet.width), inSheet(number / sheet.xFrames * sheet.height),
-            sheet.width, sheet.height, component.scale, component.zOffset, component.shadeless, component.blendMode == blendAdd,
-            fog, groundFog};
+    return {sheet.texture->image(), inSheet(number % sheet.xFrames * sheet.width),
+        inSheet(number / sheet.xFrames * sheet.height), sheet.width, sheet.height, component.scale, component.zOffset,
+        component.shadeless, component.blendMode == blendAdd, fog, groundFog};
 }
 
 // The key function of the sort.

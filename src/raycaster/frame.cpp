@@ -1,8 +1,8 @@
 #include "raycaster/frame.hpp"
 
-#include "raycaster/flats.hpp"
-#include "raycaster/sky.hpp"
-#include "raycaster/walls.hpp"
+#include "raycaster/core/flats.hpp"
+#include "raycaster/core/sky.hpp"
+#include "raycaster/core/walls.hpp"
 #include "resources/entity/basiccomponents.hpp"
 #include "resources/entity/spritecomponent.hpp"
 
@@ -69,7 +69,8 @@ View RaycastingRenderer::viewOf(int horizon, int width, int height) const {
 // A script that runs during a frame may call the constructor again, with a smaller target.
 bool RaycastingRenderer::holds(const View& view) const {
     Image image = target->image();
-    return view.width <= image.width && view.height <= image.height && static_cast<size_t>(std::max(view.width, 0)) <= columns.hits.size();
+    return view.width <= image.width && view.height <= image.height &&
+        static_cast<size_t>(std::max(view.width, 0)) <= columns.hits.size();
 }
 
 Fog fogOf(const Level& level) {
@@ -102,7 +103,8 @@ void RaycastingRenderer::renderWalls(int horizon, int width, int height) {
             Image image = target->image();
             traceColumns(scene.grid, view, columns);
             drawWalls(scene, view, columns, image, 0, width);
-            if (flashlight && !flashlight->image().empty()) drawFlashlight(flashlight->image(), view, columns, image, 0, width);
+            if (flashlight && !flashlight->image().empty())
+                drawFlashlight(flashlight->image(), view, columns, image, 0, width);
             drawFloor(scene, view, columns, image, 0, height);
             drawCeiling(scene, view, columns, image, 0, height);
         }
@@ -111,7 +113,8 @@ void RaycastingRenderer::renderWalls(int horizon, int width, int height) {
 }
 
 void declareRaycastingRenderer(Module& module) {
-    Class<RaycastingRenderer, Renderer>("zelvarine.RaycastingRenderer", "Renders 2.5D levels using the raycasting technique")
+    Class<RaycastingRenderer, Renderer>(
+        "zelvarine.RaycastingRenderer", "Renders 2.5D levels using the raycasting technique")
         .init<&RaycastingRenderer::init>({{"target"}, {"level"}})
         .method<&RaycastingRenderer::render>("render", {},
             "Draws one frame: sky, walls, floors and ceilings, sprites. Rows that the camera's pitch moves off the\n"

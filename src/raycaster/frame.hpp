@@ -1,7 +1,7 @@
 // The renderer of levels: the order of a frame, and the questions that scripts ask about it.
 #pragma once
 #include "raycaster/camera.hpp"
-#include "raycaster/scene.hpp"
+#include "raycaster/core/scene.hpp"
 #include "renderer.hpp"
 #include "resources/level.hpp"
 

@@ -1,6 +1,6 @@
 // Questions of scripts about the level and the last frame: rays and picking.
+#include "raycaster/core/sprites.hpp"
 #include "raycaster/frame.hpp"
-#include "raycaster/sprites.hpp"
 #include "resources/entity/basiccomponents.hpp"
 #include "resources/entity/spritecomponent.hpp"
 

@@ -97,11 +97,11 @@ void declareFont(Module& module) {
         .method<&Font::render>("render", {text, color},
             "A new texture with one line of text, anti-aliased on transparency. Text of no width, like an empty\n"
             "one, gives a texture of width 0.\n\n"
-            "The colour is opaque without alpha, and with an alpha of 0. A component outside 0 to 255 raises\n"
+            "The color is opaque without alpha, and with an alpha of 0. A component outside 0 to 255 raises\n"
             "OverflowError, a text that cannot be rendered EngineSdlException.\n@return(Texture)")
         .method<&Font::renderLines>("renderLines", {{"lines", Required{}, "sequence of str"}, color},
             "A new texture with the lines one below the other, left-aligned. An empty line is as high as the\n"
-            "size of the font. Colours and errors are those of `render`.\n@return(Texture)")
+            "size of the font. Colors and errors are those of `render`.\n@return(Texture)")
         .addTo(module.raw());
 }
 

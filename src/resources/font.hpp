@@ -29,7 +29,7 @@ private:
     SurfaceHandle rendered(PyObject* text, SDL_Color color) const;
 };
 
-// The colour of text: 3 or 4 integers, (r, g, b) or (r, g, b, a).
+// The color of text: 3 or 4 integers, (r, g, b) or (r, g, b, a).
 SDL_Color textColor(PyObject* color);
 
 void declareFont(Module&);

@@ -27,7 +27,9 @@ void Level::init(Ref<> filename, Ref<Str> newAssetsPath) {
         callByName(textures.raw(), "append"_name, checker);
         initializeEmpty(30, 30);
     } else {
-        if (!assetsPath) assetsPath = Convert<Ref<Str>>::from(callByName(Module::global("_ospath"_name).raw(), "dirname"_name, filename).raw());
+        if (!assetsPath)
+            assetsPath = Convert<Ref<Str>>::from(
+                callByName(Module::global("_ospath"_name).raw(), "dirname"_name, filename).raw());
         call<&Level::loadFromFile>(*this, Convert<Ref<Str>>::from(filename.raw()));
     }
 }
@@ -51,7 +53,9 @@ void Level::initializeEmpty(int newWidth, int newHeight) {
     });
 }
 
-std::tuple<Ref<>, Ref<>> Level::getSize() const { return {item(metadata.raw(), "width"), item(metadata.raw(), "height")}; }
+std::tuple<Ref<>, Ref<>> Level::getSize() const {
+    return {item(metadata.raw(), "width"), item(metadata.raw(), "height")};
+}
 
 void declareLevel(Module& module) {
     module.value("ASCII_CELLS", Ref<>::steal(Py_BuildValue("[ssssss]", "□", "■", "◤", "◥", "◣", "◢")));
@@ -61,7 +65,8 @@ void declareLevel(Module& module) {
         .readonly<&Level::width>("width", "width in cells, int")
         .readonly<&Level::height>("height", "height in cells, int")
         .method<&Level::getSize>("getSize", {}, "Returns the size of the level in blocks.\n@return((int, int))")
-        .method<&Level::getBlock>("getBlock", {{"x"}, {"y"}}, "The block type of a cell; IndexError outside of the level.")
+        .method<&Level::getBlock>(
+            "getBlock", {{"x"}, {"y"}}, "The block type of a cell; IndexError outside of the level.")
         .method<&Level::setBlock>("setBlock", {{"blockType"}, {"x"}, {"y"}},
             "Sets the block type of a cell, one of the BLOCK_ constants, of which the low 8 bits are stored.\n"
             "Raises IndexError outside of the level.")
@@ -75,15 +80,20 @@ void declareLevel(Module& module) {
         .method<&Level::getTexture>("getTexture", {{"cardinalDirection"}, {"x"}, {"y"}},
             "The texture of a side of a cell, or None where the level has no texture of that index. Raises\n"
             "IndexError outside of the level and for another direction.\n@return(Texture or None)")
-        .method<&Level::printLevel>("printLevel", {}, "Prints a map of the blocks; IndexError for a block that is no block type.")
-        .property<&Level::fogDensity>("fogDensity", "fog on walls and sprites per cell of distance, where 255 is solid, int")
-        .property<&Level::groundFogDensity>("groundFogDensity", "ground fog per cell of distance, where 255 is solid; 0 is none, int")
+        .method<&Level::printLevel>(
+            "printLevel", {}, "Prints a map of the blocks; IndexError for a block that is no block type.")
+        .property<&Level::fogDensity>(
+            "fogDensity", "fog on walls and sprites per cell of distance, where 255 is solid, int")
+        .property<&Level::groundFogDensity>(
+            "groundFogDensity", "ground fog per cell of distance, where 255 is solid; 0 is none, int")
         .property<&Level::getFogColor, &Level::setFogColor>("fogColor",
-            "colour of the fog, (r, g, b). A component above 255 runs into its neighbour. A colour that does not\n"
+            "color of the fog, (r, g, b). A component above 255 runs into its neighbour. A color that does not\n"
             "fit 32 bits is kept, but cannot be drawn: the renderer reports OverflowError.")
-        .property<&Level::getGroundFogColor, &Level::setGroundFogColor>("groundFogColor", "colour of the ground fog, (r, g, b), like fogColor")
+        .property<&Level::getGroundFogColor, &Level::setGroundFogColor>(
+            "groundFogColor", "color of the ground fog, (r, g, b), like fogColor")
         .property<&Level::textures>("_textures", "list of the textures of the cells, by texture index")
-        .readonly<&Level::textures>("textures", "list of the textures of the cells, by texture index. The renderer sees the\n"
+        .readonly<&Level::textures>("textures",
+            "list of the textures of the cells, by texture index. The renderer sees the\n"
             "textures as they were when the level was loaded")
         .property<&Level::sprites>("_sprites", "list of the sprites, by the index that level files use")
         .readonly<&Level::sprites>("sprites", "list of the sprites, by the index that level files use")
@@ -99,10 +109,12 @@ void declareLevel(Module& module) {
         .method<&Level::loadMetadata>("_loadMetadata", {{"filename", Required{}, "str"}, {"header", Required{}, "str"}},
             "Replaces the metadata by the JSON text `header`; the grid stays until `_loadFromFile` replaces it.\n"
             "Raises LevelFormatException, with `filename` in it, for an invalid description.")
-        .method<&Level::loadAssets>("_loadAssets", {}, "Loads the sky, the textures and the sprites that the metadata names.")
+        .method<&Level::loadAssets>(
+            "_loadAssets", {}, "Loads the sky, the textures and the sprites that the metadata names.")
         .method<&Level::convertPath>("_convertPath", {{"path", Required{}, "str"}},
             "The path of an asset: a relative one starts from `_assetsPath`.\n@return(str)")
-        .method<&Level::createComponent>("createComponent", {{"componentName", Required{}, "str"}, {"component", Required{}, "dict"}},
+        .method<&Level::createComponent>("createComponent",
+            {{"componentName", Required{}, "str"}, {"component", Required{}, "dict"}},
             "Creates a component from its name and its dict in a level file. For an unknown name a subclass of\n"
             "DummyComponent is made and registered, which keeps the data.")
         .method<&Level::loadFromDict>("_loadFromDict", {{"component"}, {"input", Required{}, "dict"}},
@@ -112,12 +124,15 @@ void declareLevel(Module& module) {
             "The metadata goes to `filename` + '.json', with the entities brought up to date, and the grid to\n"
             "`filename`, both in place. Lists and fog that a script changed are not in the metadata. Raises\n"
             "ValueError, before anything is written, when the metadata is of another size than the grid.")
-        .method<&Level::updateEntityMetadata>("_updateEntityMetadata", {}, "Makes metadata['entities'] anew from the entities.")
+        .method<&Level::updateEntityMetadata>(
+            "_updateEntityMetadata", {}, "Makes metadata['entities'] anew from the entities.")
         .method<&Level::dumpToDict>("_dumpToDict", {{"obj"}},
             "Plain values from the attributes of an object, for JSON. Names with a leading underscore are left\n"
             "out, other iterables than str become lists. Raises RecursionError for objects in a circle.")
-        .method<&Level::addEntity>("addEntity", {{"entity"}}, "Appends an entity; the metadata learn of it when the level is saved.")
-        .method<&Level::removeEntity>("removeEntity", {{"entity"}}, "Removes an entity; ValueError if it is not in the level.")
+        .method<&Level::addEntity>(
+            "addEntity", {{"entity"}}, "Appends an entity; the metadata learn of it when the level is saved.")
+        .method<&Level::removeEntity>(
+            "removeEntity", {{"entity"}}, "Removes an entity; ValueError if it is not in the level.")
         .method<&Level::removeAllEntities>("removeAllEntities", {}, "Removes all entities.")
         .method<&Level::addEntityFromJson>("addEntityFromJson", {{"entity", Required{}, "dict"}},
             "Adds an entity from its dict in a level file, to the metadata as well. Raises KeyError when the\n"
@@ -125,8 +140,10 @@ void declareLevel(Module& module) {
         .method<&Level::removeEntityFromJson>("removeEntityFromJson", {{"entity"}},
             "Removes an entity and, at the same place, its dict in the metadata. Raises ValueError if it is not\n"
             "in the level, KeyError or IndexError if the metadata do not have it; both lists are then unchanged.")
-        .method<&Level::syncEntitiesFromEcs>("syncEntitiesFromEcs", {{"ecs"}}, "Replaces the level's entities by those of the Ecs; they are shared, not copied.")
-        .method<&Level::syncEntitiesToEcs>("syncEntitiesToEcs", {{"ecs"}}, "Replaces the entities of the Ecs by the level's; they are shared, not copied.")
+        .method<&Level::syncEntitiesFromEcs>("syncEntitiesFromEcs", {{"ecs"}},
+            "Replaces the level's entities by those of the Ecs; they are shared, not copied.")
+        .method<&Level::syncEntitiesToEcs>("syncEntitiesToEcs", {{"ecs"}},
+            "Replaces the entities of the Ecs by the level's; they are shared, not copied.")
         .method<&Level::getEntities>("getEntities", {},
             "Without arguments the live list of all entities; with component types, a new list of the entities\n"
             "that have all of them.\n@return(list)")

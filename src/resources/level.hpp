@@ -61,7 +61,7 @@ struct Level : Resource {
     void removeEntityFromJson(Ref<Entity> entity);
     void syncEntitiesFromEcs(Ref<Ecs> ecs);
     void syncEntitiesToEcs(Ref<Ecs> ecs);
-    Ref<> getEntities(Rest requiredComponentTypes) const;
+    Ref<> getEntities(Args requiredComponentTypes) const;
 
     // The internal operations. All but loadEntity report their errors and return.
     virtual void loadFogSettings();

@@ -103,10 +103,8 @@ void Music::init(Ref<> filepath) {
 void Music::awaitFadeOutOfOther() const {
     while (music.get() != lastStarted && Mix_FadingMusic() == MIX_FADING_OUT) {
         if (Mix_PausedMusic() || !SDL_WasInit(SDL_INIT_AUDIO)) Mix_HaltMusic();
-        Py_BEGIN_ALLOW_THREADS
-        SDL_Delay(5);
-        Py_END_ALLOW_THREADS
-        checked(PyErr_CheckSignals());
+        Py_BEGIN_ALLOW_THREADS SDL_Delay(5);
+        Py_END_ALLOW_THREADS checked(PyErr_CheckSignals());
     }
 }
 
@@ -143,9 +141,9 @@ void Music::fadeInLoop(int milliseconds, int times, double pos) { start(times, m
 
 void declareSound(Module& module) {
     Class<SoundHandle>("zelvarine.SoundHandle",
-            "Controls the sound that plays on one channel of the mixer, as Sound.play gives it.\n\n"
-            "It stands for the channel: once another sound plays there, it acts on that one. A negative\n"
-            "channel stands for none, and a number beyond the engine's channels never plays.")
+        "Controls the sound that plays on one channel of the mixer, as Sound.play gives it.\n\n"
+        "It stands for the channel: once another sound plays there, it acts on that one. A negative\n"
+        "channel stands for none, and a number beyond the engine's channels never plays.")
         .init<&SoundHandle::init>({{"channel"}})
         .method<&SoundHandle::stop>("stop", {}, "Ends the sound.")
         .method<&SoundHandle::pause>("pause", {}, "Holds the sound where it is.")
@@ -154,8 +152,8 @@ void declareSound(Module& module) {
             "1 while the sound plays or is paused, 0 after its end; None without a channel.\n@return(int or None)")
         .addTo(module.raw());
     Class<Sound, Resource>("zelvarine.Sound",
-            "A short sample held in memory, loaded from a WAV or OGG file; IOError if that fails.\n\n"
-            "Keep the object as long as it is to be heard: its playbacks end with it.")
+        "A short sample held in memory, loaded from a WAV or OGG file; IOError if that fails.\n\n"
+        "Keep the object as long as it is to be heard: its playbacks end with it.")
         .init<&Sound::init>({{"filepath"}})
         .method<&Sound::play>("play", {},
             "Plays once on any free channel, and sets all channels to the sound volume.\n"
@@ -165,11 +163,11 @@ void declareSound(Module& module) {
             "the channel has. Raises EngineException if no channel is free.\n@return(SoundHandle)")
         .addTo(module.raw());
     Class<Music, Resource>("zelvarine.Music",
-            "A piece of music that is read from its file while it plays; IOError if it cannot be loaded.\n\n"
-            "One music plays at a time: starting one ends the one before, or waits while that fades out. Fades\n"
-            "take half an hour at most.\n"
-            "When it ends by itself, by `stop` or by a fade-out, the engine fires a MusicStoppedEvent in one\n"
-            "of the next frames. Keep the object as long as it is to be heard.")
+        "A piece of music that is read from its file while it plays; IOError if it cannot be loaded.\n\n"
+        "One music plays at a time: starting one ends the one before, or waits while that fades out. Fades\n"
+        "take half an hour at most.\n"
+        "When it ends by itself, by `stop` or by a fade-out, the engine fires a MusicStoppedEvent in one\n"
+        "of the next frames. Keep the object as long as it is to be heard.")
         .init<&Music::init>({{"filepath"}})
         .method<&Music::play>("play", {{"pos", None{}, "float or None"}},
             "Plays once, from `pos` in seconds if it is given. Raises EngineException if that fails.")
@@ -178,21 +176,24 @@ void declareSound(Module& module) {
         .method<&Music::stop>("stop", {}, "Ends the music that plays, whichever it is.")
         .method<&Music::pause>("pause", {}, "Holds the music that plays, whichever it is.")
         .method<&Music::resume>("resume", {}, "Goes on after `pause`.")
-        .method<&Music::fadeOut>("fadeOut", {{"milliseconds"}}, "Ends the music that plays, whichever it is, by turning it down gradually.")
+        .method<&Music::fadeOut>(
+            "fadeOut", {{"milliseconds"}}, "Ends the music that plays, whichever it is, by turning it down gradually.")
         .method<&Music::fadeIn>("fadeIn", {{"milliseconds"}, {"pos", 0.0}},
             "Plays once from `pos` in seconds, turned up gradually. A failure raises nothing.")
         .method<&Music::fadeInLoop>("fadeInLoop", {{"milliseconds"}, {"times"}, {"pos", 0.0}},
             "Plays `times` times in a row, without end for 0 or less, from `pos` in seconds and turned up\n"
             "gradually at the start. A failure raises nothing.")
         .addTo(module.raw());
-    Class<MusicStoppedEvent, Event>("zelvarine.MusicStoppedEvent", "The music has ended: by itself, by Music.stop or by a fade-out.")
+    Class<MusicStoppedEvent, Event>(
+        "zelvarine.MusicStoppedEvent", "The music has ended: by itself, by Music.stop or by a fade-out.")
         .init<&MusicStoppedEvent::init>()
         .addTo(module.raw());
     module
         .function<setSoundVolume>("setSoundVolume", {{"volume"}},
             "Sets the volume of all sounds, also of those that play; from 0 to 128, as at the start.")
         .function<getSoundVolume>("getSoundVolume", {}, "The volume of sounds as last set, 128 at the start.")
-        .function<setMusicVolume>("setMusicVolume", {{"volume"}}, "Sets the volume of the music; from 0 to 128, as at the start.")
+        .function<setMusicVolume>(
+            "setMusicVolume", {{"volume"}}, "Sets the volume of the music; from 0 to 128, as at the start.")
         .function<getMusicVolume>("getMusicVolume", {}, "The volume of the music, from 0 to 128.");
 }
 

@@ -50,8 +50,8 @@ void Texture::adopt(SurfaceHandle newSurface) {
         SurfaceHandle packed = createSurface(newSurface->w, newSurface->h);
         for (int y = 0; y < packed->h; y++)
             SDL_memcpy(static_cast<char*>(packed->pixels) + static_cast<ptrdiff_t>(y) * packed->pitch,
-                       static_cast<const char*>(newSurface->pixels) + static_cast<ptrdiff_t>(y) * newSurface->pitch,
-                       static_cast<size_t>(packed->pitch));
+                static_cast<const char*>(newSurface->pixels) + static_cast<ptrdiff_t>(y) * newSurface->pitch,
+                static_cast<size_t>(packed->pitch));
         newSurface = std::move(packed);
     }
     pixels = std::move(newSurface);
@@ -107,7 +107,8 @@ static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
     view->obj = nullptr;
     return guarded(-1, [&] {
         Image image = native<Texture>(self)->image();
-        if ((flags & PyBUF_F_CONTIGUOUS) == PyBUF_F_CONTIGUOUS) raise(PyExc_BufferError, "the rows of a texture lie one after the other");
+        if ((flags & PyBUF_F_CONTIGUOUS) == PyBUF_F_CONTIGUOUS)
+            raise(PyExc_BufferError, "the rows of a texture lie one after the other");
         static uint32_t nothing;
         static char format[] = "I";
         auto* shape = new Py_ssize_t[4]{image.height, image.width, image.width * Py_ssize_t{4}, 4};
@@ -130,23 +131,24 @@ static void releasePixels(PyObject*, Py_buffer* view) noexcept { delete[] static
 void declareTexture(Module& module) {
     static PyBufferProcs pixelBuffer{exportPixels, releasePixels};
     Class<Texture, Resource>("zelvarine.Texture",
-            "A software image of 32-bit pixels 0xAARRGGBB.\n\n"
-            "Texture(w, h) with two ints is an empty image, transparent black. Texture(texture) copies an image,\n"
-            "blending it onto transparent black. Texture(filename) loads an image file; IOError if that fails.\n"
-            "A negative size, or one of more than 2 GiB, raises ValueError; one that memory does not hold EngineSdlException.\n\n"
-            "The pixels are open to scripts through the buffer protocol: memoryview(texture) and\n"
-            "numpy.asarray(texture) are writable views of shape (height, width), one unsigned 32-bit word a\n"
-            "pixel, without a copy.")
+        "A software image of 32-bit pixels 0xAARRGGBB.\n\n"
+        "Texture(w, h) with two ints is an empty image, transparent black. Texture(texture) copies an image,\n"
+        "blending it onto transparent black. Texture(filename) loads an image file; IOError if that fails.\n"
+        "A negative size, or one of more than 2 GiB, raises ValueError; one that memory does not hold EngineSdlException.\n\n"
+        "The pixels are open to scripts through the buffer protocol: memoryview(texture) and\n"
+        "numpy.asarray(texture) are writable views of shape (height, width), one unsigned 32-bit word a\n"
+        "pixel, without a copy.")
         .init<&Texture::init>({{"w"}, {"h", None{}}})
         .buffer(pixelBuffer)
         .readonly<&Texture::getWidth>("width", "width in pixels, int")
         .readonly<&Texture::getHeight>("height", "height in pixels, int")
         .method<&Texture::getSize>("getSize", {}, "Width and height in pixels.")
         .method<&Texture::fill>("fill", {{"color", Required{}, "(r, g, b) or (r, g, b, a)"}},
-            "Overwrites every pixel; without alpha the colour is opaque.\n"
+            "Overwrites every pixel; without alpha the color is opaque.\n"
             "Raises TypeError unless there are 3 or 4 integers, OverflowError for a negative one. A component\n"
             "above 255 runs into its neighbour.")
-        .method<&Texture::fillChecker>("fillChecker", {}, "Paints a checker of two by two fields, the look of a missing image.")
+        .method<&Texture::fillChecker>(
+            "fillChecker", {}, "Paints a checker of two by two fields, the look of a missing image.")
         .method<&Texture::copyFrom>("copyFrom", {{"other"}},
             "Blits the whole of `other` with its top left corner onto this one's: opaque pixels overwrite,\n"
             "translucent ones blend.")

@@ -1,6 +1,6 @@
 // The engine's one image type: 32-bit ARGB pixels in main memory.
 #pragma once
-#include "image.hpp"
+#include "core/image.hpp"
 #include "resources.hpp"
 #include "sdl/handles.hpp"
 
@@ -34,7 +34,7 @@ SurfaceHandle createSurface(int w, int h);
 // A texture of a surface that was made elsewhere (rendered text).
 Ref<Texture> makeTexture(SurfaceHandle surface);
 
-// A colour of 3 or 4 integers, (r, g, b) or (r, g, b, a), as one pixel word.
+// A color of 3 or 4 integers, (r, g, b) or (r, g, b, a), as one pixel word.
 uint32_t colorWord(PyObject* color);
 
 void declareTexture(Module&);

@@ -11,13 +11,9 @@ namespace zv {
     throw PythonError{};
 }
 
-[[noreturn]] inline void raiseEngine(const char* message) {
-    raiseNamed("EngineException"_name, message);
-}
+[[noreturn]] inline void raiseEngine(const char* message) { raiseNamed("EngineException"_name, message); }
 
 // Keeps what SDL says of its failure in the exception.
-[[noreturn]] inline void raiseSdl(const char* message) {
-    raiseNamed("EngineSdlException"_name, message);
-}
+[[noreturn]] inline void raiseSdl(const char* message) { raiseNamed("EngineSdlException"_name, message); }
 
 }  // namespace zv

@@ -21,9 +21,9 @@ struct RendererRelease {
 };
 using RendererHandle = std::unique_ptr<SDL_Renderer, RendererRelease>;
 
-struct StreamRelease {
+struct TextureRelease {
     void operator()(SDL_Texture* t) const { SDL_DestroyTexture(t); }
 };
-using StreamHandle = std::unique_ptr<SDL_Texture, StreamRelease>;
+using TextureHandle = std::unique_ptr<SDL_Texture, TextureRelease>;
 
 }  // namespace zv

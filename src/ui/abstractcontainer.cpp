@@ -22,7 +22,7 @@ void AbstractUIContainer::calculateMaxSize() { offerRoom({0, 0, 0, 0}); }
 
 void AbstractUIContainer::offerRoom(const Edges& padding) {
     UIWidget::calculateMaxSize();
-    SDL_Rect inner = shrunk(rect(), padding);
+    SDL_Rect inner = inset(rect(), padding);
     innerWidth = inner.w;
     innerHeight = inner.h;
     eachChild([](UIWidget& child) { child.calculateMaxSize(); });
@@ -40,7 +40,8 @@ void AbstractUIContainer::update(int mouseX, int mouseY, bool isMouseLeftPressed
 void AbstractUIContainer::renderChildren(const Clip& clip) {
     if (!isVisible) return;
     requireRenderer();
-    eachChild([&](UIWidget& child) { callByName(child.self(), "render"_name, clip.x, clip.y, clip.width, clip.height); });
+    eachChild(
+        [&](UIWidget& child) { callByName(child.self(), "render"_name, clip.x, clip.y, clip.width, clip.height); });
 }
 
 bool AbstractUIContainer::offerEvent(Name& method, Event* event) {
@@ -85,9 +86,9 @@ void AbstractUIContainer::removeAllChildren() {
 
 void declareAbstractUIContainer(Module& module) {
     Class<AbstractUIContainer, UIWidget>("zelvarine.AbstractUIContainer",
-            "The abstract base class of all widgets that contain others.\n\n"
-            "It keeps the children and passes layout, update, drawing, clicks and scrolling on to them. Classes\n"
-            "that derive from it say how children are added and placed. An invisible container hides its children.")
+        "The abstract base class of all widgets that contain others.\n\n"
+        "It keeps the children and passes layout, update, drawing, clicks and scrolling on to them. Classes\n"
+        "that derive from it say how children are added and placed. An invisible container hides its children.")
         .init<&AbstractUIContainer::init>()
         .method<&AbstractUIContainer::getChildren>("getChildren", {},
             "The list of the children itself, in drawing order: the last one is on top.\n@return(list)")
@@ -95,7 +96,8 @@ void declareAbstractUIContainer(Module& module) {
             "Removes a child; nothing happens if it is not here. It keeps its parent and its renderer.")
         .method<&AbstractUIContainer::removeAllChildren>("removeAllChildren", {}, "Removes all children.")
         .method<&AbstractUIContainer::render>("render", clipParams, "Renders the child widgets.")
-        .method<&AbstractUIContainer::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}}, "Updates the child widgets.")
+        .method<&AbstractUIContainer::update>(
+            "update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}}, "Updates the child widgets.")
         .method<&AbstractUIContainer::handleClick>("_onClick", {{"event"}},
             "Offers a click to the children, the topmost first, until one takes it.\n"
             "@return(bool) whether a child took it")

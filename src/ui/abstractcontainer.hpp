@@ -1,7 +1,7 @@
 // The base of all widgets that hold others: passes layout, update, drawing and clicks on to them.
 #pragma once
+#include "gui/geometry.hpp"
 #include "gui/uiwidget.hpp"
-#include "ui/geometry.hpp"
 
 namespace zv {
 
@@ -9,7 +9,10 @@ struct AbstractUIContainer : UIWidget {
     Ref<List> children = Ref<List>::steal(PyList_New(0));  // in drawing order; the last is on top
     int innerWidth = 0, innerHeight = 0;                   // the room that a child may take
 
-    void eachRef(RefVisitor& visit) override { UIWidget::eachRef(visit); visit(children); }
+    void eachRef(RefVisitor& visit) override {
+        UIWidget::eachRef(visit);
+        visit(children);
+    }
 
     void setRenderer(const Ref<UIRenderer>& newRenderer) override;
     void calculateMinSize() override;
@@ -19,7 +22,9 @@ struct AbstractUIContainer : UIWidget {
     Ref<> getChildren() const { return Ref<>::borrow(children.raw()); }
     void removeChild(PyObject* child);
     void removeAllChildren();
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) { renderChildren({clipX, clipY, clipWidth, clipHeight}); }
+    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
+        renderChildren({clipX, clipY, clipWidth, clipHeight});
+    }
     void update(int mouseX, int mouseY, bool isMouseLeftPressed);
     bool handleClick(MouseClickEvent* event);
     Ref<> handleScroll(MouseWheelEvent* event);

@@ -44,9 +44,9 @@ void UIAnchoredContainer::removeAllChildren() {
 
 // The edge of a child along one axis; `lead` and `trail` are its margins.
 static int place(int anchor, int farEdge, int start, int room, int distance, int lead, int trail, int size) {
-    if (anchor == farEdge) return toPixels(int64_t{start} + room - distance - trail - size);
-    if (anchor == ANCHOR_CENTER) return toPixels(start + truncated(room * 0.5 + lead + distance - trail - size * 0.5));
-    return toPixels(int64_t{start} + distance + lead);
+    if (anchor == farEdge) return saturate(int64_t{start} + room - distance - trail - size);
+    if (anchor == ANCHOR_CENTER) return saturate(start + truncated(room * 0.5 + lead + distance - trail - size * 0.5));
+    return saturate(int64_t{start} + distance + lead);
 }
 
 void UIAnchoredContainer::calculatePos() {
@@ -63,11 +63,12 @@ void declareUIAnchoredContainer(Module& module) {
         .init<&UIAnchorWrapper::init>({{"child"}, {"x"}, {"y"}, {"anchorTypeX"}, {"anchorTypeY"}})
         .addTo(module.raw());
     Class<UIAnchoredContainer, AbstractUIContainer>("zelvarine.UIAnchoredContainer",
-            "A UIAnchoredContainer places each child by its distance from an edge, or from the centre, of the\n"
-            "container. It takes all the room that it gets.")
+        "A UIAnchoredContainer places each child by its distance from an edge, or from the centre, of the\n"
+        "container. It takes all the room that it gets.")
         .init<&UIAnchoredContainer::init>()
         .method<&UIAnchoredContainer::addChild>("addChild",
-            {{"child", Required{}, "UIWidget"}, {"x"}, {"y"}, {"anchorTypeX", ANCHOR_LEFT}, {"anchorTypeY", ANCHOR_TOP}},
+            {{"child", Required{}, "UIWidget"}, {"x"}, {"y"}, {"anchorTypeX", ANCHOR_LEFT},
+                {"anchorTypeY", ANCHOR_TOP}},
             "Adds a child on top of the others, `x` and `y` pixels from where it is anchored: inward from an edge,\n"
             "right and down from the centre (ANCHOR_CENTER). A child that is here already stays as it is.")
         .method<&UIAnchoredContainer::removeChild>("removeChild", {{"child"}},

@@ -19,7 +19,10 @@ struct UIAnchorWrapper : Object {
 struct UIAnchoredContainer : AbstractUIContainer {
     std::vector<Ref<UIAnchorWrapper>> anchors;  // one for each child, in the same order
 
-    void eachRef(RefVisitor& visit) override { AbstractUIContainer::eachRef(visit); visit(anchors); }
+    void eachRef(RefVisitor& visit) override {
+        AbstractUIContainer::eachRef(visit);
+        visit(anchors);
+    }
 
     void calculatePos() override;
 

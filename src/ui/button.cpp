@@ -33,10 +33,10 @@ void UIButton::calculateMinSize() {
     int64_t sides = int64_t{numberIn(normal, "left"_name)} + numberIn(normal, "right"_name);
     if (label) {
         minHeight = std::max(faceHeight, label->height);
-        paddingTop = toPixels((int64_t{height} - label->height) / 2);
+        paddingTop = saturate((int64_t{height} - label->height) / 2);
     }
     UIListContainer::calculateMinSize();
-    if (sizePolicyX != SIZE_FIXED) width = toPixels(width + sides);
+    if (sizePolicyX != SIZE_FIXED) width = saturate(width + sides);
     if (sizePolicyY != SIZE_FIXED) height = minHeight;
 }
 
@@ -46,8 +46,9 @@ void UIButton::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeigh
     if (clip.w < 1 || clip.h < 1) return;
     requireRenderer();
     Ref<UIRenderer> held = renderer;
-    Bar face = horizontalBarIn(item(held->pieces().raw(), "button"_name, hovered() ? "hover"_name : "normal"_name));
-    blitBar(held->tileset(), face, held->canvas(clip), x, y, width);
+    ThreeSlice face =
+        horizontalSliceIn(item(held->pieces().raw(), "button"_name, hovered() ? "hover"_name : "normal"_name));
+    blitThreeSlice(held->tileset(), face, held->canvas(clip), x, y, width);
     renderChildren({clipX, clipY, clipWidth, clipHeight});
 }
 
@@ -65,8 +66,8 @@ bool UIButton::handleClick(MouseClickEvent* event) {
 
 void declareUIButton(Module& module) {
     Class<UIButton, UIListContainer>("zelvarine.UIButton",
-            "A push button with a text label. A click calls `onClick` with a ButtonClickEvent, and the engine\n"
-            "fires the same event.")
+        "A push button with a text label. A click calls `onClick` with a ButtonClickEvent, and the engine\n"
+        "fires the same event.")
         .init<&UIButton::init>({{"label", Required{}, "str"}})
         .method<&UIButton::getText>("getText", {}, "The text of the label.\n@return(str)")
         .method<&UIButton::setText>("setText", {{"text", Required{}, "str"}}, "Replaces the text of the label.")
@@ -74,7 +75,8 @@ void declareUIButton(Module& module) {
         .method<&UIButton::handleClick>("_onClick", {{"event"}},
             "An enabled button takes a click inside it: it calls `onClick` and fires a ButtonClickEvent.\n"
             "@return(bool) whether the button took the click")
-        .property<&UIButton::getTextByName, &UIButton::setTextByName>("text", "text of the label; the same as getText and setText")
+        .property<&UIButton::getTextByName, &UIButton::setTextByName>(
+            "text", "text of the label; the same as getText and setText")
         .addTo(module.raw());
     Class<ButtonClickEvent, MouseClickEvent>("zelvarine.ButtonClickEvent", "A UIButton was clicked.")
         .init<&ButtonClickEvent::init>({{"target"}, {"x"}, {"y"}, {"mouseButton"}})

@@ -8,7 +8,10 @@ namespace zv {
 struct UIButton : UIListContainer {
     Ref<UIText> label;  // also the first child
 
-    void eachRef(RefVisitor& visit) override { UIListContainer::eachRef(visit); visit(label); }
+    void eachRef(RefVisitor& visit) override {
+        UIListContainer::eachRef(visit);
+        visit(label);
+    }
 
     void calculateMinSize() override;
 
@@ -24,7 +27,10 @@ struct UIButton : UIListContainer {
 struct ButtonClickEvent : MouseClickEvent {
     Ref<UIButton> target;
 
-    void eachRef(RefVisitor& visit) override { MouseClickEvent::eachRef(visit); visit(target); }
+    void eachRef(RefVisitor& visit) override {
+        MouseClickEvent::eachRef(visit);
+        visit(target);
+    }
     void init(Ref<UIButton> newTarget, int newX, int newY, int newButton);
 };
 

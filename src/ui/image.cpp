@@ -37,13 +37,14 @@ void UIImage::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight
 
 void declareUIImage(Module& module) {
     Class<UIImage, UIWidget>("zelvarine.UIImage",
-            "A UIImage can be used to display images.\n\n"
-            "Its size is fixed: the given width and height, or those of the texture. The picture is stretched to\n"
-            "fill the widget. Without a texture nothing is drawn.")
+        "A UIImage can be used to display images.\n\n"
+        "Its size is fixed: the given width and height, or those of the texture. The picture is stretched to\n"
+        "fill the widget. Without a texture nothing is drawn.")
         .init<&UIImage::init>({{"texture"}, {"width", None{}, "int or None"}, {"height", None{}, "int or None"}})
-        .method<&UIImage::render>("render", clipParams,
-            "Renders the picture. Its opacity stays set on the texture, for others who draw it.")
-        .property<&UIImage::getTexture, &UIImage::setTexture>("texture", "the picture; assigning one gives the widget its size")
+        .method<&UIImage::render>(
+            "render", clipParams, "Renders the picture. Its opacity stays set on the texture, for others who draw it.")
+        .property<&UIImage::getTexture, &UIImage::setTexture>(
+            "texture", "the picture; assigning one gives the widget its size")
         .property<&UIImage::getAlpha, &UIImage::setAlpha>("alpha", "opacity from 0 to 255; other values are clamped")
         .addTo(module.raw());
 }

@@ -9,7 +9,10 @@ struct UIImage : UIWidget {
     Ref<Texture> texture;
     int alpha = 255;  // opacity, 0 to 255
 
-    void eachRef(RefVisitor& visit) override { UIWidget::eachRef(visit); visit(texture); }
+    void eachRef(RefVisitor& visit) override {
+        UIWidget::eachRef(visit);
+        visit(texture);
+    }
 
     void init(Ref<Texture> newTexture, PyObject* newWidth, PyObject* newHeight);
     Ref<Texture> getTexture() const { return texture; }

@@ -15,8 +15,8 @@ void UIListContainer::calculateMinSize() {
         sumHeight += outerHeight(child);
     });
     bool horizontal = layout == LIST_LAYOUT_HORIZONTAL;
-    if (sizePolicyX != SIZE_FIXED) width = toPixels((horizontal ? sumWidth : maxWidth) + paddingLeft + paddingRight);
-    if (sizePolicyY != SIZE_FIXED) height = toPixels((horizontal ? maxHeight : sumHeight) + paddingTop + paddingBottom);
+    if (sizePolicyX != SIZE_FIXED) width = saturate((horizontal ? sumWidth : maxWidth) + paddingLeft + paddingRight);
+    if (sizePolicyY != SIZE_FIXED) height = saturate((horizontal ? maxHeight : sumHeight) + paddingTop + paddingBottom);
 }
 
 // Across the list, alignment counts with the container's whole size, from behind the leading padding.
@@ -24,16 +24,20 @@ void UIListContainer::calculatePos() {
     int64_t left = int64_t{x} + paddingLeft, top = int64_t{y} + paddingTop, offset = 0;
     eachChild([&](UIWidget& child) {
         if (layout == LIST_LAYOUT_HORIZONTAL) {
-            child.x = toPixels(left + offset + child.marginLeft);
-            if (child.verticalAlign == VALIGN_BOTTOM) child.y = toPixels(top + height - child.height - child.marginBottom);
-            else if (child.verticalAlign == VALIGN_MIDDLE) child.y = toPixels(top + (int64_t{height} - child.height) / 2);
-            else child.y = toPixels(top + child.marginTop);
+            child.x = saturate(left + offset + child.marginLeft);
+            if (child.verticalAlign == VALIGN_BOTTOM)
+                child.y = saturate(top + height - child.height - child.marginBottom);
+            else if (child.verticalAlign == VALIGN_MIDDLE)
+                child.y = saturate(top + (int64_t{height} - child.height) / 2);
+            else child.y = saturate(top + child.marginTop);
             offset += outerWidth(child);
         } else {
-            if (child.horizontalAlign == ALIGN_RIGHT) child.x = toPixels(left + width - child.width - child.marginRight);
-            else if (child.horizontalAlign == ALIGN_CENTER) child.x = toPixels(left + (int64_t{width} - child.width) / 2);
-            else child.x = toPixels(left + child.marginLeft);
-            child.y = toPixels(top + offset + child.marginTop);
+            if (child.horizontalAlign == ALIGN_RIGHT)
+                child.x = saturate(left + width - child.width - child.marginRight);
+            else if (child.horizontalAlign == ALIGN_CENTER)
+                child.x = saturate(left + (int64_t{width} - child.width) / 2);
+            else child.x = saturate(left + child.marginLeft);
+            child.y = saturate(top + offset + child.marginTop);
             offset += outerHeight(child);
         }
     });
@@ -42,7 +46,7 @@ void UIListContainer::calculatePos() {
 
 void declareUIListContainer(Module& module) {
     Class<UIListContainer, AbstractUIContainer>("zelvarine.UIListContainer",
-            "A UIListContainer can contain other UIWidget objects next to or above each other.")
+        "A UIListContainer can contain other UIWidget objects next to or above each other.")
         .init<&UIListContainer::init>()
         .method<&UIListContainer::addChild>("addChild", {{"child", Required{}, "UIWidget"}},
             "Appends a child at the end of the list, on top of the others.")
@@ -51,9 +55,12 @@ void declareUIListContainer(Module& module) {
             "and right, bottom; or top, right, bottom, left. Raises ValueError for any other count of values.")
         .property<&UIListContainer::paddingLeft>("paddingLeft", "room between the left edge and the content, in pixels")
         .property<&UIListContainer::paddingTop>("paddingTop", "room between the top edge and the content, in pixels")
-        .property<&UIListContainer::paddingRight>("paddingRight", "room between the content and the right edge, in pixels")
-        .property<&UIListContainer::paddingBottom>("paddingBottom", "room between the content and the bottom edge, in pixels")
-        .property<&UIListContainer::layout>("layout", "direction of the list: LIST_LAYOUT_HORIZONTAL or LIST_LAYOUT_VERTICAL")
+        .property<&UIListContainer::paddingRight>(
+            "paddingRight", "room between the content and the right edge, in pixels")
+        .property<&UIListContainer::paddingBottom>(
+            "paddingBottom", "room between the content and the bottom edge, in pixels")
+        .property<&UIListContainer::layout>(
+            "layout", "direction of the list: LIST_LAYOUT_HORIZONTAL or LIST_LAYOUT_VERTICAL")
         .addTo(module.raw());
 }
 

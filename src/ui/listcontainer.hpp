@@ -15,7 +15,9 @@ struct UIListContainer : AbstractUIContainer {
     void calculatePos() override;
 
     void addChild(Ref<UIWidget> child) { appendChild(child); }
-    void setPadding(Rest values) { assignEdges("setPadding", values, paddingTop, paddingRight, paddingBottom, paddingLeft); }
+    void setPadding(Args values) {
+        assignEdges("setPadding", values, paddingTop, paddingRight, paddingBottom, paddingLeft);
+    }
 };
 
 void declareUIListContainer(Module&);

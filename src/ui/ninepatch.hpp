@@ -1,17 +1,17 @@
 // A picture of three by three pieces that fills a rectangle of any size: the corners keep their
 // size, the edges stretch in one direction, the centre in both.
 #pragma once
+#include "gui/geometry.hpp"
 #include "sdl/blit.hpp"
-#include "ui/geometry.hpp"
 
 #include <array>
 
 namespace zv {
 
 struct NinePatch {
-    int x, y;                      // top left corner of the picture in the tileset
-    std::array<int, 3> columns;    // widths
-    std::array<int, 3> rows;       // heights
+    int x, y;                    // top left corner of the picture in the tileset
+    std::array<int, 3> columns;  // widths
+    std::array<int, 3> rows;     // heights
 };
 
 struct NinePatchCell {
@@ -27,8 +27,8 @@ inline std::array<NinePatchCell, 9> ninePatchCells(const NinePatch& patch, const
         int64_t first = lengths[0], middle = lengths[1], last = lengths[2], stretched = length - first - last;
         return std::array<Piece, 3>{{
             {source, lengths[0], place, lengths[0]},
-            {toPixels(source + first), lengths[1], toPixels(place + first), toPixels(stretched)},
-            {toPixels(source + first + middle), lengths[2], toPixels(place + first + stretched), lengths[2]},
+            {saturate(source + first), lengths[1], saturate(place + first), saturate(stretched)},
+            {saturate(source + first + middle), lengths[2], saturate(place + first + stretched), lengths[2]},
         }};
     };
     auto across = split(patch.x, patch.columns, rect.x, rect.w), down = split(patch.y, patch.rows, rect.y, rect.h);

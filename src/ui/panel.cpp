@@ -24,8 +24,8 @@ bool UIPanel::handleClick(MouseClickEvent* event) {
 
 void declareUIPanel(Module& module) {
     Class<UIPanel, UIListContainer>("zelvarine.UIPanel",
-            "A UIListContainer with a background and a padding of 8. An enabled panel takes the clicks on it that no\n"
-            "child takes.")
+        "A UIListContainer with a background and a padding of 8. An enabled panel takes the clicks on it that no\n"
+        "child takes.")
         .init<&UIPanel::init>()
         .method<&UIPanel::render>("render", clipParams, "Renders the panel and its children.")
         .method<&UIPanel::handleClick>("_onClick", {{"event"}},

@@ -1,8 +1,8 @@
 // The pieces that widgets cut from the tileset, read from the theme's table.
 #pragma once
 #include "binding/items.hpp"
-#include "ui/bar.hpp"
 #include "ui/ninepatch.hpp"
+#include "ui/threeslice.hpp"
 
 namespace zv {
 
@@ -12,7 +12,7 @@ SDL_Rect rectIn(const Ref<>& table);
 Edges edgesIn(const Ref<>& table);
 NinePatch ninePatchIn(const Ref<>& table);
 // Raises ZeroDivisionError for a middle piece of length 0, which no number of tiles would fill a bar.
-Bar horizontalBarIn(const Ref<>& table);
-Bar verticalBarIn(const Ref<>& table);
+ThreeSlice horizontalSliceIn(const Ref<>& table);
+ThreeSlice verticalSliceIn(const Ref<>& table);
 
 }  // namespace zv

@@ -55,8 +55,8 @@ void UIScrollPanel::calculateMinSize() {
 
 void UIScrollPanel::calculateMaxSize() {
     UIWidget::calculateMaxSize();
-    innerWidth = toPixels(int64_t{width} - paddingLeft - paddingRight - slider->width);
-    innerHeight = toPixels(int64_t{height} - paddingTop - paddingBottom);
+    innerWidth = saturate(int64_t{width} - paddingLeft - paddingRight - slider->width);
+    innerHeight = saturate(int64_t{height} - paddingTop - paddingBottom);
     RecursionGuard guard;
     content()->calculateMaxSize();
 }
@@ -64,11 +64,11 @@ void UIScrollPanel::calculateMaxSize() {
 void UIScrollPanel::calculatePos() {
     Ref<UIWidget> held = content();
     UIWidget& c = *held;
-    c.x = toPixels(int64_t{x} + c.marginLeft - scrollPosX + paddingLeft);
-    c.y = toPixels(int64_t{y} + c.marginTop - scrollPosY + paddingTop);
+    c.x = saturate(int64_t{x} + c.marginLeft - scrollPosX + paddingLeft);
+    c.y = saturate(int64_t{y} + c.marginTop - scrollPosY + paddingTop);
     AbstractUIContainer::calculatePos();
-    maxScrollX = std::max(0, toPixels(int64_t{c.width} - width + paddingLeft + paddingRight));
-    maxScrollY = std::max(0, toPixels(int64_t{c.height} - height + paddingTop + paddingBottom));
+    maxScrollX = std::max(0, saturate(int64_t{c.width} - width + paddingLeft + paddingRight));
+    maxScrollY = std::max(0, saturate(int64_t{c.height} - height + paddingTop + paddingBottom));
 }
 
 void UIScrollPanel::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
@@ -76,9 +76,9 @@ void UIScrollPanel::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
     Edges margin = edgesIn(item(renderer->pieces().raw(), "scrollPanel"_name, "sliderMargin"_name));
     Ref<UISlider> held = slider;
     UISlider& bar = *held;
-    bar.height = toPixels(int64_t{height} - margin.top - margin.bottom);
-    bar.x = toPixels(int64_t{x} + width - bar.width - margin.right);
-    bar.y = toPixels(int64_t{y} + margin.top);
+    bar.height = saturate(int64_t{height} - margin.top - margin.bottom);
+    bar.x = saturate(int64_t{x} + width - bar.width - margin.right);
+    bar.y = saturate(int64_t{y} + margin.top);
     bar.maxValue = maxScrollY;
     bar.update(mouseX, mouseY, isMouseLeftPressed);
     scrollPosY = bar.value;
@@ -89,7 +89,7 @@ void UIScrollPanel::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clip
     SDL_Rect outer = getClippedRect({clipX, clipY, clipWidth, clipHeight});
     Ref<UIRenderer> held = renderer;
     Ref<> pieces = held->pieces();
-    SDL_Rect inner = shrunk(outer, edgesIn(item(pieces.raw(), "scrollPanel"_name, "clipPadding"_name)));
+    SDL_Rect inner = inset(outer, edgesIn(item(pieces.raw(), "scrollPanel"_name, "clipPadding"_name)));
     if (inner.w <= 0 || inner.h <= 0) return;
     NinePatch background = ninePatchIn(item(pieces.raw(), "panel"_name));
     blitNinePatch(held->tileset(), background, held->canvas(), rect());
@@ -109,16 +109,17 @@ bool UIScrollPanel::handleScroll(MouseWheelEvent* event) {
     Ref<UISlider> held = slider;
     UISlider& bar = *held;
     int before = bar.value;
-    bar.setValue(toPixels(before - int64_t{event->y} * wheelScrollPixels));
+    bar.setValue(saturate(before - int64_t{event->y} * wheelScrollPixels));
     return bar.value != before;
 }
 
 void declareUIScrollPanel(Module& module) {
     Class<UIScrollPanel, AbstractUIContainer>("zelvarine.UIScrollPanel",
-            "A UIScrollPanel shows one content widget through a viewport of fixed size, `width` by `height`. A\n"
-            "scroll bar and the mouse wheel move the content up and down.")
+        "A UIScrollPanel shows one content widget through a viewport of fixed size, `width` by `height`. A\n"
+        "scroll bar and the mouse wheel move the content up and down.")
         .init<&UIScrollPanel::init>({{"content", Required{}, "UIWidget"}})
-        .property<&UIScrollPanel::getContent, &UIScrollPanel::setContent>("content", "the widget that is shown; assigning one replaces it")
+        .property<&UIScrollPanel::getContent, &UIScrollPanel::setContent>(
+            "content", "the widget that is shown; assigning one replaces it")
         .method<&UIScrollPanel::setPadding>("setPadding", {},
             "Sets the padding in the order of the CSS shorthand: all; top and bottom, left and right; top, left\n"
             "and right, bottom; or top, right, bottom, left. Raises ValueError for any other count of values.")
@@ -139,7 +140,8 @@ void declareUIScrollPanel(Module& module) {
         .property<&UIScrollPanel::paddingTop>("paddingTop", "room above the content, in pixels")
         .property<&UIScrollPanel::paddingRight>("paddingRight", "room to the right of the content, in pixels")
         .property<&UIScrollPanel::paddingBottom>("paddingBottom", "room below the content, in pixels")
-        .property<&UIScrollPanel::wheelScrollPixels>("wheelScrollPixels", "pixels that one step of the mouse wheel scrolls")
+        .property<&UIScrollPanel::wheelScrollPixels>(
+            "wheelScrollPixels", "pixels that one step of the mouse wheel scrolls")
         .addTo(module.raw());
 }
 

@@ -6,13 +6,16 @@
 namespace zv {
 
 struct UIScrollPanel : AbstractUIContainer {
-    int scrollPosX = 0, scrollPosY = 0;    // how far the content is moved, in pixels
+    int scrollPosX = 0, scrollPosY = 0;  // how far the content is moved, in pixels
     int maxScrollX = 0, maxScrollY = 0;
     int paddingLeft = 10, paddingTop = 10, paddingRight = 10, paddingBottom = 10;
     int wheelScrollPixels = 50;
     Ref<UISlider> slider;  // no child: the panel drives it at each stage
 
-    void eachRef(RefVisitor& visit) override { AbstractUIContainer::eachRef(visit); visit(slider); }
+    void eachRef(RefVisitor& visit) override {
+        AbstractUIContainer::eachRef(visit);
+        visit(slider);
+    }
 
     void setRenderer(const Ref<UIRenderer>& newRenderer) override;
     void calculateMinSize() override;
@@ -26,7 +29,9 @@ struct UIScrollPanel : AbstractUIContainer {
     void setScrollPosX(int position);
     int getScrollPosY() const { return scrollPosY; }
     void setScrollPosY(int position);
-    void setPadding(Rest values) { assignEdges("setPadding", values, paddingTop, paddingRight, paddingBottom, paddingLeft); }
+    void setPadding(Args values) {
+        assignEdges("setPadding", values, paddingTop, paddingRight, paddingBottom, paddingLeft);
+    }
     void update(int mouseX, int mouseY, bool isMouseLeftPressed);
     void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
     bool handleClick(MouseClickEvent* event);

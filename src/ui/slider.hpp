@@ -48,7 +48,10 @@ struct SliderValueChangedEvent : Event {
     Ref<UISlider> target;
     int oldValue = 0, newValue = 0;
 
-    void eachRef(RefVisitor& visit) override { Event::eachRef(visit); visit(target); }
+    void eachRef(RefVisitor& visit) override {
+        Event::eachRef(visit);
+        visit(target);
+    }
     void init(Ref<UISlider> newTarget, int before, int after);
 };
 

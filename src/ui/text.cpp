@@ -1,7 +1,7 @@
 #include "ui/text.hpp"
 
+#include "gui/geometry.hpp"
 #include "gui/uirenderer.hpp"
-#include "ui/geometry.hpp"
 
 namespace zv {
 
@@ -24,11 +24,14 @@ void UIText::setTextByName(PyObject* newText) { callByName(self(), "setText"_nam
 Ref<> UIText::font() const { return callByName(renderer->theme.raw(), "getFont"_name, std::string_view("aileron")); }
 
 // The number of an open font that measures and renders without any script's doing, else 0.
-static int64_t faceOf(const Ref<>& font) { return Py_TYPE(font.raw()) == &typeOf<Font> ? native<Font>(font.raw())->face : 0; }
+static int64_t faceOf(const Ref<>& font) {
+    return Py_TYPE(font.raw()) == &typeOf<Font> ? native<Font>(font.raw())->face : 0;
+}
 
 void UIText::setRenderer(const Ref<UIRenderer>& newRenderer) {
     UIWidget::setRenderer(newRenderer);
-    if (newRenderer && !color) color = callByName(newRenderer->theme.raw(), "getColor"_name, std::string_view("fontColor"));
+    if (newRenderer && !color)
+        color = callByName(newRenderer->theme.raw(), "getColor"_name, std::string_view("fontColor"));
 }
 
 // Widths are summed like heights: text of several lines is measured as wide as all of them together.
@@ -44,7 +47,7 @@ static std::tuple<int, int> measure(const Ref<>& font, const Ref<List>& lines, b
         width += lineWidth;
         height += lineHeight;
     });
-    return {toPixels(width), toPixels(height)};
+    return {saturate(width), saturate(height)};
 }
 
 void UIText::calculateMinSize() {
@@ -69,10 +72,12 @@ Ref<Texture> UIText::rendered() {
     Ref<> shownColor = color;
     Ref<List> shownLines = lines;
     int64_t face = faceOf(used);
-    if (face == 0) return Convert<Ref<Texture>>::from(callByName(used.raw(), "renderLines"_name, shownLines, shownColor).raw());
+    if (face == 0)
+        return Convert<Ref<Texture>>::from(callByName(used.raw(), "renderLines"_name, shownLines, shownColor).raw());
     SDL_Color channels = textColor(shownColor.orNone());
     SDL_Color& known = picture.color;
-    if (face != picture.face || channels.r != known.r || channels.g != known.g || channels.b != known.b || channels.a != known.a) {
+    if (face != picture.face || channels.r != known.r || channels.g != known.g || channels.b != known.b ||
+        channels.a != known.a) {
         picture.texture = native<Font>(used.raw())->renderPage(shownLines.orNone(), channels);
         picture.face = face;
         known = channels;
@@ -101,7 +106,8 @@ void declareUIText(Module& module) {
             "The widths of several lines are summed. Without a renderer the size is (0, 0).")
         .method<&UIText::render>("render", clipParams, "Renders the text, cut off at the edges of the widget.")
         .property<&UIText::getTextByName, &UIText::setTextByName>("text", "the text; the same as getText and setText")
-        .property<&UIText::color>("color", "colour of the text, (r, g, b) or (r, g, b, a); None takes that of the theme when attached")
+        .property<&UIText::color>(
+            "color", "color of the text, (r, g, b) or (r, g, b, a); None takes that of the theme when attached")
         .addTo(module.raw());
 }
 

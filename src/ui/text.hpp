@@ -10,7 +10,13 @@ struct UIText : UIWidget {
     Ref<List> lines = Ref<List>::steal(PyList_New(0));
     Ref<> color;  // None until the theme supplies one
 
-    void eachRef(RefVisitor& visit) override { UIWidget::eachRef(visit); visit(text); visit(lines); visit(color); visit(picture.texture); }
+    void eachRef(RefVisitor& visit) override {
+        UIWidget::eachRef(visit);
+        visit(text);
+        visit(lines);
+        visit(color);
+        visit(picture.texture);
+    }
 
     void setRenderer(const Ref<UIRenderer>& newRenderer) override;
     void calculateMinSize() override;
@@ -24,7 +30,7 @@ struct UIText : UIWidget {
     void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
 
 private:
-    // What the text measures and looks like; kept while text, font and colour stay the same.
+    // What the text measures and looks like; kept while text, font and color stay the same.
     struct {
         int64_t face = 0;
         int width = 0, height = 0;

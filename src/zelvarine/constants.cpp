@@ -1,4 +1,4 @@
-#include "constants.hpp"
+#include "zelvarine/constants.hpp"
 
 #include "ui/anchoredcontainer.hpp"
 #include "ui/listcontainer.hpp"

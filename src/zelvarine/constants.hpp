@@ -1,4 +1,4 @@
-// The constant families of the module, apart from keys and terminal colours.
+// The constant families of the module, apart from keys and terminal colors.
 #pragma once
 #include "binding/module.hpp"
 

@@ -1,4 +1,4 @@
-#include "engine.hpp"
+#include "zelvarine/engine.hpp"
 
 #include "renderer.hpp"
 #include "resources/sound.hpp"
@@ -12,7 +12,7 @@ namespace zv {
 static constexpr int maxAudioChannels = 65536;  // SDL_mixer does not notice when memory does not hold them
 
 void Engine::init(const char* title, std::tuple<int, int> size, bool fullscreen, bool show, bool resizeable,
-                  PyObject* windowid, PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey) {
+    PyObject* windowid, PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey) {
     if (audioChannels > maxAudioChannels) raise(PyExc_ValueError, "audioChannels must be at most %d", maxAudioChannels);
     bool opensWindow = !windowid || checked(PyObject_RichCompareBool(windowid, toPython(-1).raw(), Py_EQ));
     if (!SDL_WasInit(SDL_INIT_VIDEO)) SDL_InitSubSystem(SDL_INIT_VIDEO | SDL_INIT_JOYSTICK);  // after a quit
@@ -88,7 +88,7 @@ void Engine::quit() {
 
 void Engine::close() {
     running = false;
-    stream.reset();
+    frameTexture.reset();
     renderer.reset();
     window.reset();
 }
@@ -104,18 +104,19 @@ void setEngineAttributes() {
 
 void declareEngine(Module& module) {
     Class<Engine>("zelvarine.Engine",
-            "The window, the frame loop, input, events and tasks.\n\n"
-            "An engine brings an Ecs for the entities and systems of the game. `init` opens the window; then either\n"
-            "`run` plays the game until the user stops it, or a loop of the script's own calls `update` while\n"
-            "`isRunning()` is true.\n\n"
-            "Event subscribers, tasks, timers and joysticks are shared by all engines of the process. Without a\n"
-            "window, which is before `init` and after `quit`, the methods that change the window do nothing, the\n"
-            "others give (0, 0) or False, and mouse positions are not scaled.")
+        "The window, the frame loop, input, events and tasks.\n\n"
+        "An engine brings an Ecs for the entities and systems of the game. `init` opens the window; then either\n"
+        "`run` plays the game until the user stops it, or a loop of the script's own calls `update` while\n"
+        "`isRunning()` is true.\n\n"
+        "Event subscribers, tasks, timers and joysticks are shared by all engines of the process. Without a\n"
+        "window, which is before `init` and after `quit`, the methods that change the window do nothing, the\n"
+        "others give (0, 0) or False, and mouse positions are not scaled.")
         .init<&Engine::construct>()
         .readonly<&Engine::ecs>("ecs", "the Ecs of this engine")
         .method<&Engine::init>("init",
             {{"title"}, {"size"}, {"fullscreen", false}, {"show", true}, {"resizeable", false}, {"windowid", -1, "int"},
-             {"icon", None{}, "str or None"}, {"captureMouse", false}, {"audioChannels", 32}, {"killWithEscapeKey", true}},
+                {"icon", None{}, "str or None"}, {"captureMouse", false}, {"audioChannels", 32},
+                {"killWithEscapeKey", true}},
             "Opens the window and makes the engine ready to run.\n\n"
             "`size` is the size of the picture in pixels; it stays, and is stretched over the window when that\n"
             "changes. With `fullscreen` the first frame enters fullscreen. `show` tells whether the window is\n"
@@ -126,8 +127,8 @@ void declareEngine(Module& module) {
             "An engine that has a window already gets a new one in its place. If no window or renderer can be\n"
             "created, EngineSdlException is raised, and the engine has no window and does not run.")
         .method<&Engine::ensureInit>("_ensureInit", {}, "Raises EngineException unless the engine is running.")
-        .method<&Engine::isRunning>("isRunning", {},
-            "Whether the engine runs: from `init` until the user stops it, or until `quit`.")
+        .method<&Engine::isRunning>(
+            "isRunning", {}, "Whether the engine runs: from `init` until the user stops it, or until `quit`.")
         .method<&Engine::update>("update", {},
             "Plays one frame: input, tasks, the systems, and the picture on the screen.\n\n"
             "Only to be called explicitly with a custom main loop; `run` calls it implicitly. Raises\n"
@@ -154,14 +155,14 @@ void declareEngine(Module& module) {
             "Calls the handlers of the type `evtType`, by default the exact type of the event, in the order of\n"
             "their subscription. An exception from a handler leaves at once.")
         .method<&Engine::getKeyName>("getKeyName", {{"keycode"}}, "The name of a key; empty for a key without one.")
-        .method<&Engine::isKeyPressed>("isKeyPressed", {{"keycode"}},
-            "1 if the key, one of the KEY_* constants, is held down, else 0.")
-        .method<&Engine::isMouseButtonPressed>("isMouseButtonPressed", {{"button"}},
-            "Whether the button, one of the MOUSE_* constants, is held down.")
-        .method<&Engine::getMouseDist>("getMouseDist", {},
-            "How far the last motion of the mouse in this frame went, in pixels of the window.")
-        .method<&Engine::getMousePos>("getMousePos", {},
-            "The position of the mouse in pixels of the picture, whatever the size of the window.")
+        .method<&Engine::isKeyPressed>(
+            "isKeyPressed", {{"keycode"}}, "1 if the key, one of the KEY_* constants, is held down, else 0.")
+        .method<&Engine::isMouseButtonPressed>(
+            "isMouseButtonPressed", {{"button"}}, "Whether the button, one of the MOUSE_* constants, is held down.")
+        .method<&Engine::getMouseDist>(
+            "getMouseDist", {}, "How far the last motion of the mouse in this frame went, in pixels of the window.")
+        .method<&Engine::getMousePos>(
+            "getMousePos", {}, "The position of the mouse in pixels of the picture, whatever the size of the window.")
         .method<&Engine::captureMouse>("captureMouse", {{"capture"}},
             "Hides the mouse and keeps it in the window, for looking around by `getMouseDist`, or sets it free.")
         .method<&Engine::isMouseCaptured>("isMouseCaptured", {}, "Whether the mouse is captured.")
@@ -181,7 +182,8 @@ void declareEngine(Module& module) {
             "for a size outside of 1 to 16384.")
         .method<&Engine::setWindowIcon>("setWindowIcon", {{"filename"}},
             "Takes the icon of the window from an image file; nothing happens if that cannot be loaded.")
-        .method<&Engine::setFullscreen>("setFullscreen", {{"fullscreen"}}, "Enters or leaves fullscreen; fires no event.")
+        .method<&Engine::setFullscreen>(
+            "setFullscreen", {{"fullscreen"}}, "Enters or leaves fullscreen; fires no event.")
         .method<&Engine::isFullscreen>("isFullscreen", {}, "Whether the window is in fullscreen.")
         .method<&Engine::toggleFullscreen>("toggleFullscreen", {},
             "Enters fullscreen in the size of the desktop, or leaves it and restores position and size of the\n"

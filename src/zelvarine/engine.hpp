@@ -1,6 +1,6 @@
 // The engine: window, frame loop, input, events, tasks.
 #pragma once
-#include "image.hpp"
+#include "core/image.hpp"
 #include "resources/entity/ecs.hpp"
 #include "sdl/handles.hpp"
 #include "sdl/shutdown.hpp"
@@ -16,7 +16,7 @@ struct Engine : Object {
     // Lifecycle and frame
     void construct() {}
     void init(const char* title, std::tuple<int, int> size, bool fullscreen, bool show, bool resizeable,
-              PyObject* windowid, PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey);
+        PyObject* windowid, PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey);
     void ensureInit() const;
     bool isRunning() const { return running; }
     void update();
@@ -60,8 +60,8 @@ private:
     // Each is destroyed before what it was made from. All are null before `init` and after `quit`.
     WindowHandle window;
     RendererHandle renderer;
-    StreamHandle stream;  // carries every frame to the screen; keeps the size given to `init`
-    uint32_t lastTicks = 0;  // milliseconds
+    TextureHandle frameTexture;  // carries every frame to the screen; keeps the size given to `init`
+    uint32_t lastTicks = 0;      // milliseconds
     double fps = 0.0;
     double timeStep = 1.0 / 60;  // seconds
     int mouseDistX = 0, mouseDistY = 0;

@@ -1,4 +1,4 @@
-#include "exceptions.hpp"
+#include "zelvarine/exceptions.hpp"
 
 #include <SDL.h>
 

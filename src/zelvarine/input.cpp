@@ -1,11 +1,10 @@
 // Events, the input step of the frame, and the state of keyboard and mouse.
-#include "engine.hpp"
+#include "zelvarine/engine.hpp"
 
+#include "core/numbers.hpp"
 #include "events/joystick.hpp"
-#include "numbers.hpp"
 
 namespace zv {
-
 
 void Engine::subscribeEvent(PyObject* eventType, PyObject* eventHandler) {
     Ref<> subscribers = getAttribute(self(), "_eventSubscribers"_name);
@@ -45,17 +44,17 @@ void Engine::updateInput() {
         // A handler may have called quit.
         for (SDL_Event event; window && SDL_PollEvent(&event);) {
             switch (event.type) {
-                case SDL_QUIT: running = false; break;
-                case SDL_KEYDOWN: handleKey(event.key.keysym.sym); break;
-                case SDL_MOUSEMOTION:  // the last one of a frame counts, not the sum
-                    mouseDistX = event.motion.xrel;
-                    mouseDistY = event.motion.yrel;
-                    break;
-                case SDL_MOUSEBUTTONUP: handleClick(event.button); break;
-                case SDL_MOUSEWHEEL: handleWheel(event.wheel); break;
-                case SDL_JOYDEVICEADDED: handleJoystickAdded(); break;
-                case SDL_JOYDEVICEREMOVED: print("Joystick removed"); break;
-                default: break;
+            case SDL_QUIT: running = false; break;
+            case SDL_KEYDOWN: handleKey(event.key.keysym.sym); break;
+            case SDL_MOUSEMOTION:  // the last one of a frame counts, not the sum
+                mouseDistX = event.motion.xrel;
+                mouseDistY = event.motion.yrel;
+                break;
+            case SDL_MOUSEBUTTONUP: handleClick(event.button); break;
+            case SDL_MOUSEWHEEL: handleWheel(event.wheel); break;
+            case SDL_JOYDEVICEADDED: handleJoystickAdded(); break;
+            case SDL_JOYDEVICEREMOVED: print("Joystick removed"); break;
+            default: break;
             }
         }
     });
@@ -73,8 +72,8 @@ void Engine::handleKey(int key) {
 
 void Engine::handleClick(const SDL_MouseButtonEvent& click) {
     auto [scaleX, scaleY] = getDisplayScaleFactor();
-    giveEach<MouseClickEvent>(handlersOf(classOf<MouseClickEvent>()), truncate(click.x * scaleX), truncate(click.y * scaleY),
-                              int{click.button});
+    giveEach<MouseClickEvent>(handlersOf(classOf<MouseClickEvent>()), truncate(click.x * scaleX),
+        truncate(click.y * scaleY), int{click.button});
 }
 
 void Engine::handleWheel(const SDL_MouseWheelEvent& wheel) {
@@ -89,10 +88,10 @@ void Engine::handleJoystickAdded() {
 }
 
 std::tuple<double, double> Engine::getDisplayScaleFactor() const {
-    if (!stream) return {1, 1};
+    if (!frameTexture) return {1, 1};
     int windowWidth, windowHeight, width, height;
     SDL_GetWindowSize(window.get(), &windowWidth, &windowHeight);
-    SDL_QueryTexture(stream.get(), nullptr, nullptr, &width, &height);
+    SDL_QueryTexture(frameTexture.get(), nullptr, nullptr, &width, &height);
     if (windowWidth == 0 || windowHeight == 0) return {1, 1};
     return {static_cast<double>(width) / windowWidth, static_cast<double>(height) / windowHeight};
 }
@@ -117,6 +116,8 @@ void Engine::captureMouse(bool capture) {
 
 bool Engine::isMouseCaptured() const { return SDL_GetRelativeMouseMode(); }
 
-Ref<> Engine::getJoysticks() const { return Ref<>::steal(PySequence_List(getAttribute(self(), "_joysticks"_name).raw())); }
+Ref<> Engine::getJoysticks() const {
+    return Ref<>::steal(PySequence_List(getAttribute(self(), "_joysticks"_name).raw()));
+}
 
 }  // namespace zv

@@ -1,4 +1,4 @@
-#include "medialibraries.hpp"
+#include "zelvarine/medialibraries.hpp"
 
 #include "sdl/error.hpp"
 

@@ -25,10 +25,9 @@
 
 namespace zv {
 
-static PyModuleDef definition = {
-    PyModuleDef_HEAD_INIT, "zelvarine",
-    "\nZelvarine is a game engine with a raycasting renderer and some simple UI\ncapabilities.\n",
-    -1, nullptr, nullptr, nullptr, nullptr, nullptr};
+static PyModuleDef definition = {PyModuleDef_HEAD_INIT, "zelvarine",
+    "\nZelvarine is a game engine with a raycasting renderer and some simple UI\ncapabilities.\n", -1, nullptr, nullptr,
+    nullptr, nullptr, nullptr};
 
 // The code reaches these modules through the names that they have here.
 static constexpr const char* standardModules = R"python(

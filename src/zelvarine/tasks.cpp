@@ -1,8 +1,7 @@
 // Tasks, which run once per frame, and the timers that add them later.
-#include "engine.hpp"
+#include "zelvarine/engine.hpp"
 
 namespace zv {
-
 
 void Engine::addTask(PyObject* task, PyObject* onDone) {
     callByName(getAttribute(self(), "_tasks"_name).raw(), "append"_name, std::tuple(task, onDone));

@@ -1,5 +1,5 @@
 // The window: its creation, what it shows, and what scripts can change of it.
-#include "engine.hpp"
+#include "zelvarine/engine.hpp"
 
 #include "events.hpp"
 #include "renderer.hpp"
@@ -20,11 +20,12 @@ void Engine::openWindow(const char* title, int width, int height, uint32_t flags
 }
 
 void Engine::createRenderer(int width, int height) {
-    stream.reset();  // an override of setWindowIcon may have called init by itself
+    frameTexture.reset();  // an override of setWindowIcon may have called init by itself
     renderer.reset(SDL_CreateRenderer(window.get(), -1, SDL_RENDERER_SOFTWARE));
     if (!renderer) raiseSdl("Could not initialize the rendering subsystem");
-    stream.reset(SDL_CreateTexture(renderer.get(), SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING, width, height));
-    if (!stream) raiseSdl("Could not initialize the picture of the window.");
+    frameTexture.reset(
+        SDL_CreateTexture(renderer.get(), SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING, width, height));
+    if (!frameTexture) raiseSdl("Could not initialize the picture of the window.");
 }
 
 // Each renderer overwrites the whole picture: the last one is what is shown.
@@ -39,17 +40,17 @@ void Engine::uploadTargets() {
 
 // An image of another size is shown as far as it fits.
 void Engine::upload(const Image& image) {
-    if (!stream) return;
+    if (!frameTexture) return;
     SDL_Rect common{};
-    SDL_QueryTexture(stream.get(), nullptr, nullptr, &common.w, &common.h);
+    SDL_QueryTexture(frameTexture.get(), nullptr, nullptr, &common.w, &common.h);
     common.w = std::min(common.w, image.width);
     common.h = std::min(common.h, image.height);
-    if (!SDL_RectEmpty(&common)) SDL_UpdateTexture(stream.get(), &common, image.pixels, image.width * 4);
+    if (!SDL_RectEmpty(&common)) SDL_UpdateTexture(frameTexture.get(), &common, image.pixels, image.width * 4);
 }
 
 void Engine::present() {
-    if (!stream) return;
-    SDL_RenderCopy(renderer.get(), stream.get(), nullptr, nullptr);
+    if (!frameTexture) return;
+    SDL_RenderCopy(renderer.get(), frameTexture.get(), nullptr, nullptr);
     SDL_RenderPresent(renderer.get());
 }
 
@@ -89,7 +90,9 @@ void Engine::setFullscreen(bool fullscreen) {
     if (window) SDL_SetWindowFullscreen(window.get(), fullscreen ? SDL_WINDOW_FULLSCREEN : 0);
 }
 
-bool Engine::isFullscreen() const { return window && (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP); }
+bool Engine::isFullscreen() const {
+    return window && (SDL_GetWindowFlags(window.get()) & SDL_WINDOW_FULLSCREEN_DESKTOP);
+}
 
 void Engine::toggleFullscreen() {
     bool before = call<&Engine::isFullscreen>(*this);
@@ -120,12 +123,14 @@ void Engine::toggleWindow() {
 
 // A task for the first frame; unlike toggleFullscreen it fires no event.
 void Engine::addFullscreenTask() {
-    static PyMethodDef task{"activateFullscreen", [](PyObject* engine, PyObject* args) -> PyObject* {
-        PyObject *step, *onDone;
-        if (!PyArg_UnpackTuple(args, "activateFullscreen", 2, 2, &step, &onDone)) return nullptr;
-        native<Engine>(engine)->toggleWindow();
-        Py_RETURN_TRUE;
-    }, METH_VARARGS, nullptr};
+    static PyMethodDef task{"activateFullscreen",
+        [](PyObject* engine, PyObject* args) -> PyObject* {
+            PyObject *step, *onDone;
+            if (!PyArg_UnpackTuple(args, "activateFullscreen", 2, 2, &step, &onDone)) return nullptr;
+            native<Engine>(engine)->toggleWindow();
+            Py_RETURN_TRUE;
+        },
+        METH_VARARGS, nullptr};
     Ref<> activateFullscreen = Ref<>::steal(PyCFunction_New(&task, self()));
     callByName(self(), signatureOf<&Engine::addTask>.name, activateFullscreen);
 }

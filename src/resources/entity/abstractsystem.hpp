@@ -12,9 +12,14 @@ struct AbstractSystem : Object {
     Ref<Ecs> ecs;
     Ref<Engine> engine;
 
-    void eachRef(RefVisitor& visit) override { visit(interestedComponentTypes); visit(entities); visit(ecs); visit(engine); }
+    void eachRef(RefVisitor& visit) override {
+        visit(interestedComponentTypes);
+        visit(entities);
+        visit(ecs);
+        visit(engine);
+    }
 
-    void init(Rest componentTypes);
+    void init(Args componentTypes);
     void update(double timeStep);
     void updateEntity(PyObject* entity, double timeStep);
     bool interestedIn(PyObject* entity);

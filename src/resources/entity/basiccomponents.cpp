@@ -21,7 +21,10 @@ static Point pointOf(PyObject* dict) {
 static DictBuilder dictOf(Point p) { return DictBuilder().set("x", p.x).set("y", p.y); }
 
 void PositionComponent::init(Ref<Vector2> newPos) { pos = orElse(std::move(newPos), {0, 0}); }
-void PositionComponent::loadFromDict(PyObject*, PyObject* input) { Point p = pointOf(input); pos->assign(p); }
+void PositionComponent::loadFromDict(PyObject*, PyObject* input) {
+    Point p = pointOf(input);
+    pos->assign(p);
+}
 Ref<> PositionComponent::dumpToDict(PyObject*) const { return dictOf(pos->point()).done(); }
 
 void VelocityComponent::init(Ref<Vector2> newVelocity, Ref<Vector2> newImpulse, double newFriction) {
@@ -49,7 +52,10 @@ Ref<> VelocityComponent::dumpToDict(PyObject*) const {
 }
 
 void RotationComponent::init(Ref<Vector2> newDir) { dir = orElse(std::move(newDir), {1, 0}); }
-void RotationComponent::loadFromDict(PyObject*, PyObject* input) { Point p = pointOf(input); dir->assign(p); }
+void RotationComponent::loadFromDict(PyObject*, PyObject* input) {
+    Point p = pointOf(input);
+    dir->assign(p);
+}
 Ref<> RotationComponent::dumpToDict(PyObject*) const { return dictOf(dir->point()).done(); }
 
 // The default lists are two objects for the whole process: a change to one reaches every component
@@ -60,8 +66,8 @@ static Ref<List> sharedList(std::optional<Ref<List>> given, PyObject*& shared) {
     return Ref<List>::borrow(shared);
 }
 
-void CollisionComponent::init(double newRadius, bool onlyTrigger, std::optional<Ref<List>> newHasFlags,
-                              std::optional<Ref<List>> newIgnoreFlags) {
+void CollisionComponent::init(
+    double newRadius, bool onlyTrigger, std::optional<Ref<List>> newHasFlags, std::optional<Ref<List>> newIgnoreFlags) {
     static PyObject *noHasFlags, *noIgnoreFlags;
     radius = newRadius;
     isOnlyTrigger = onlyTrigger;
@@ -88,13 +94,17 @@ void CollisionComponent::loadFromDict(PyObject*, PyObject* input) {
 }
 
 Ref<> CollisionComponent::dumpToDict(PyObject*) const {
-    return DictBuilder().set("radius", radius).set("isOnlyTrigger", isOnlyTrigger)
-        .set("hasFlags", hasFlags).set("ignoreFlags", ignoreFlags).done();
+    return DictBuilder()
+        .set("radius", radius)
+        .set("isOnlyTrigger", isOnlyTrigger)
+        .set("hasFlags", hasFlags)
+        .set("ignoreFlags", ignoreFlags)
+        .done();
 }
 
 void declareBasicComponents(Module& module) {
     Class<PositionComponent>("zelvarine.PositionComponent",
-            "Where an entity is, in cells. Without `pos` at (0, 0); a given vector is kept, not copied.")
+        "Where an entity is, in cells. Without `pos` at (0, 0); a given vector is kept, not copied.")
         .init<&PositionComponent::init>({{"pos", None{}}})
         .property<&PositionComponent::getX, &PositionComponent::setX>("x", "pos.x")
         .property<&PositionComponent::getY, &PositionComponent::setY>("y", "pos.y")
@@ -104,9 +114,9 @@ void declareBasicComponents(Module& module) {
         .method<&PositionComponent::dumpToDict>("dumpToDict", {{"level"}}, dumpDoc)
         .addTo(module.raw());
     Class<VelocityComponent>("zelvarine.VelocityComponent",
-            "How an entity moves, in cells per second: `velocity` is steady, `impulse` is a kick that the\n"
-            "`friction` uses up, by its absolute value in cells per second each second. Without vectors both\n"
-            "are (0, 0); given ones are kept, not copied.")
+        "How an entity moves, in cells per second: `velocity` is steady, `impulse` is a kick that the\n"
+        "`friction` uses up, by its absolute value in cells per second each second. Without vectors both\n"
+        "are (0, 0); given ones are kept, not copied.")
         .init<&VelocityComponent::init>({{"velocity", None{}}, {"impulse", None{}}, {"friction", 2.0}})
         .property<&VelocityComponent::getX, &VelocityComponent::setX>("x", "velocity.x")
         .property<&VelocityComponent::getY, &VelocityComponent::setY>("y", "velocity.y")
@@ -120,7 +130,7 @@ void declareBasicComponents(Module& module) {
         .method<&VelocityComponent::dumpToDict>("dumpToDict", {{"level"}}, dumpDoc)
         .addTo(module.raw());
     Class<RotationComponent>("zelvarine.RotationComponent",
-            "Which way an entity faces. Without `dir` to the east, (1, 0); a given vector is kept, not copied.")
+        "Which way an entity faces. Without `dir` to the east, (1, 0); a given vector is kept, not copied.")
         .init<&RotationComponent::init>({{"dir", None{}}})
         .property<&RotationComponent::dir>("dir", "the direction, a Vector2")
         .property<&RotationComponent::dir>("_dir", "the same as dir")
@@ -128,17 +138,21 @@ void declareBasicComponents(Module& module) {
         .method<&RotationComponent::dumpToDict>("dumpToDict", {{"level"}}, dumpDoc)
         .addTo(module.raw());
     Class<CollisionComponent>("zelvarine.CollisionComponent",
-            "The circle with which an entity collides, its `radius` in cells. A trigger reports collisions\n"
-            "without blocking. A mover ignores bodies that have one of its `ignoreFlags` among their\n"
-            "`hasFlags`. Given lists are kept, not copied; all components made without a list share one.")
-        .init<&CollisionComponent::init>({{"radius", 0.25}, {"isOnlyTrigger", false}, {"hasFlags", Omitted{"[]"}}, {"ignoreFlags", Omitted{"[]"}}})
+        "The circle with which an entity collides, its `radius` in cells. A trigger reports collisions\n"
+        "without blocking. A mover ignores bodies that have one of its `ignoreFlags` among their\n"
+        "`hasFlags`. Given lists are kept, not copied; all components made without a list share one.")
+        .init<&CollisionComponent::init>(
+            {{"radius", 0.25}, {"isOnlyTrigger", false}, {"hasFlags", Omitted{"[]"}}, {"ignoreFlags", Omitted{"[]"}}})
         .property<&CollisionComponent::radius>("radius", "radius of the circle in cells, float")
         .property<&CollisionComponent::radius>("_radius", "the same as radius")
-        .property<&CollisionComponent::isOnlyTrigger>("isOnlyTrigger", "whether the body reports collisions without blocking")
-        .property<&CollisionComponent::getIsOnlyTrigger, &CollisionComponent::setIsOnlyTrigger>("_isOnlyTrigger", "isOnlyTrigger as 0 or 1")
+        .property<&CollisionComponent::isOnlyTrigger>(
+            "isOnlyTrigger", "whether the body reports collisions without blocking")
+        .property<&CollisionComponent::getIsOnlyTrigger, &CollisionComponent::setIsOnlyTrigger>(
+            "_isOnlyTrigger", "isOnlyTrigger as 0 or 1")
         .property<&CollisionComponent::hasFlags>("hasFlags", "list of the flags of this body")
         .property<&CollisionComponent::hasFlags>("_hasFlags", "the same as hasFlags")
-        .property<&CollisionComponent::ignoreFlags>("ignoreFlags", "list of the flags of other bodies that this one ignores")
+        .property<&CollisionComponent::ignoreFlags>(
+            "ignoreFlags", "list of the flags of other bodies that this one ignores")
         .property<&CollisionComponent::ignoreFlags>("_ignoreFlags", "the same as ignoreFlags")
         .method<&CollisionComponent::loadFromDict>("loadFromDict", {{"level"}, {"input"}}, loadDoc)
         .method<&CollisionComponent::dumpToDict>("dumpToDict", {{"level"}}, dumpDoc)

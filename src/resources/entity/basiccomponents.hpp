@@ -22,7 +22,10 @@ struct VelocityComponent : Object {
     Ref<Vector2> velocity, impulse;
     double friction = 2.0;  // units of impulse lost per second
 
-    void eachRef(RefVisitor& visit) override { visit(velocity); visit(impulse); }
+    void eachRef(RefVisitor& visit) override {
+        visit(velocity);
+        visit(impulse);
+    }
 
     void init(Ref<Vector2> newVelocity, Ref<Vector2> newImpulse, double newFriction);
     double getX() const { return velocity->x; }
@@ -48,9 +51,13 @@ struct CollisionComponent : Object {
     bool isOnlyTrigger = false;
     Ref<List> hasFlags, ignoreFlags;
 
-    void eachRef(RefVisitor& visit) override { visit(hasFlags); visit(ignoreFlags); }
+    void eachRef(RefVisitor& visit) override {
+        visit(hasFlags);
+        visit(ignoreFlags);
+    }
 
-    void init(double newRadius, bool onlyTrigger, std::optional<Ref<List>> newHasFlags, std::optional<Ref<List>> newIgnoreFlags);
+    void init(double newRadius, bool onlyTrigger, std::optional<Ref<List>> newHasFlags,
+        std::optional<Ref<List>> newIgnoreFlags);
     int getIsOnlyTrigger() const { return isOnlyTrigger; }
     void setIsOnlyTrigger(bool v) { isOnlyTrigger = v; }
     void loadFromDict(PyObject* level, PyObject* input);

@@ -2,7 +2,6 @@
 
 namespace zv {
 
-
 void Ecs::init(Ref<Engine> owner) { engine = std::move(owner); }
 
 void Ecs::update(double timeStep) {
@@ -37,7 +36,7 @@ static PyObject* hasRequiredComponents(PyObject* types, PyObject* entity) noexce
     return guarded<PyObject*>(nullptr, [&] { return toPython(hasComponents(entity, types)).release(); });
 }
 
-Ref<> Ecs::getEntities(Rest requiredComponentTypes) {
+Ref<> Ecs::getEntities(Args requiredComponentTypes) {
     static PyMethodDef predicate{"predicate", hasRequiredComponents, METH_O, nullptr};
     if (requiredComponentTypes.size == 0) return Ref<>::borrow(entities.raw());
     Ref<Tuple> types = tupleOf(requiredComponentTypes);
@@ -82,7 +81,8 @@ void declareEcs(Module& module) {
         .method<&Ecs::addEntity>("addEntity", {{"entity"}},
             "Adds an entity and lets it join the systems that are interested in it. An entity with the id -1\n"
             "gets the identity number of the object as its id.")
-        .method<&Ecs::removeEntity>("removeEntity", {{"entity"}}, "Removes an entity; nothing happens if it is not here.")
+        .method<&Ecs::removeEntity>(
+            "removeEntity", {{"entity"}}, "Removes an entity; nothing happens if it is not here.")
         .method<&Ecs::removeAllEntities>("removeAllEntities", {}, "Removes all entities.")
         .method<&Ecs::getEntities>("getEntities", {},
             "Without arguments the live list of all entities. With component types, an iterator over the\n"
@@ -92,7 +92,8 @@ void declareEcs(Module& module) {
         .method<&Ecs::addSystem>("addSystem", {{"system"}},
             "Adds a system, unless it is here already, tells it its Ecs and Engine, and lets the entities join it.")
         .method<&Ecs::removeSystem>("removeSystem", {{"system"}}, "Removes a system and empties its list of entities.")
-        .method<&Ecs::updateEntityMembership>("_updateEntityMembership", {{"entity"}}, "Lets every system look at the entity's components anew.")
+        .method<&Ecs::updateEntityMembership>(
+            "_updateEntityMembership", {{"entity"}}, "Lets every system look at the entity's components anew.")
         .addTo(module.raw());
 }
 

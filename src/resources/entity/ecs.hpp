@@ -9,14 +9,18 @@ struct Ecs : Object {
     Ref<List> entities = Ref<List>::steal(PyList_New(0));
     Ref<Engine> engine;
 
-    void eachRef(RefVisitor& visit) override { visit(systems); visit(entities); visit(engine); }
+    void eachRef(RefVisitor& visit) override {
+        visit(systems);
+        visit(entities);
+        visit(engine);
+    }
 
     void init(Ref<Engine> owner);
     void update(double timeStep);
     void addEntity(PyObject* entity);
     void removeEntity(PyObject* entity);
     void removeAllEntities();
-    Ref<> getEntities(Rest requiredComponentTypes);
+    Ref<> getEntities(Args requiredComponentTypes);
     Ref<> getEntityById(int64_t id);
     Ref<> getSystems() const { return Ref<>::borrow(systems.raw()); }
     void addSystem(PyObject* system);

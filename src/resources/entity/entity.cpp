@@ -4,7 +4,7 @@ namespace zv {
 
 static PyObject* typeOfObject(PyObject* o) { return reinterpret_cast<PyObject*>(Py_TYPE(o)); }
 
-void Entity::init(PyObject* newId, Rest newComponents) {
+void Entity::init(PyObject* newId, Args newComponents) {
     if (newId && Py_TYPE(newId) != &PyLong_Type) raise(PyExc_ValueError, "Entity ID must be int");
     int64_t idValue = newId ? Convert<int64_t>::from(newId) : -1;
     Ref<Dict> byType = Ref<Dict>::steal(PyDict_New());
@@ -43,9 +43,7 @@ Ref<> Entity::getComponent(PyObject* componentType) const {
     return Ref<>::borrow(found);
 }
 
-Ref<> Entity::getComponents() const {
-    return callByName(components.raw(), "values"_name);
-}
+Ref<> Entity::getComponents() const { return callByName(components.raw(), "values"_name); }
 
 bool hasComponents(PyObject* entity, PyObject* componentTypes) {
     Ref<> types = Ref<>::steal(PySequence_Tuple(componentTypes));
@@ -58,9 +56,9 @@ bool hasComponents(PyObject* entity, PyObject* componentTypes) {
 
 void declareEntity(Module& module) {
     Class<Entity>("zelvarine.Entity",
-            "An object of the game world: a bag of components, at most one of each exact type.\n\n"
-            "The first argument is the id, all further ones are components. Without an id, the entity gets\n"
-            "one when it is first added to an Ecs. Raises ValueError for an id that is not exactly an int.")
+        "An object of the game world: a bag of components, at most one of each exact type.\n\n"
+        "The first argument is the id, all further ones are components. Without an id, the entity gets\n"
+        "one when it is first added to an Ecs. Raises ValueError for an id that is not exactly an int.")
         .init<&Entity::init>({{"id", -1}})
         .method<&Entity::addComponent>("addComponent", {{"component"}},
             "Adds a component; if the entity has one of the same exact type already, nothing happens.")

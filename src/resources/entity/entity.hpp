@@ -12,9 +12,12 @@ struct Entity : Object {
     Ref<Ecs> ecs;
     int64_t id = -1;
 
-    void eachRef(RefVisitor& visit) override { visit(components); visit(ecs); }
+    void eachRef(RefVisitor& visit) override {
+        visit(components);
+        visit(ecs);
+    }
 
-    void init(PyObject* newId, Rest newComponents);
+    void init(PyObject* newId, Args newComponents);
     void addComponent(PyObject* component);
     void removeComponent(PyObject* component);
     void removeComponentType(PyObject* componentType);

@@ -2,8 +2,8 @@
 
 namespace zv {
 
-void SpriteAnimation::init(PyObject* newName, int newFrameCount, bool newOscillate, double newSpeed, int newStartFrame,
-                           int newDirections) {
+void SpriteAnimation::init(
+    PyObject* newName, int newFrameCount, bool newOscillate, double newSpeed, int newStartFrame, int newDirections) {
     name = Ref<Str>::borrow(checkType<Str>(newName));
     frameCount = newFrameCount;
     oscillate = newOscillate;
@@ -13,7 +13,8 @@ void SpriteAnimation::init(PyObject* newName, int newFrameCount, bool newOscilla
 }
 
 void Sprite::init(Ref<Texture> newTexture, int newXFrames, int newYFrames, Ref<List> spriteAnimations) {
-    if (newXFrames == 0 || newYFrames == 0) raise(PyExc_ZeroDivisionError, "a sprite sheet needs at least one column and one row");
+    if (newXFrames == 0 || newYFrames == 0)
+        raise(PyExc_ZeroDivisionError, "a sprite sheet needs at least one column and one row");
     if (newXFrames < 0 || newYFrames < 0)
         raise(PyExc_ValueError, "a sprite sheet cannot have %d columns and %d rows", newXFrames, newYFrames);
     int newWidth = newTexture->getWidth() / newXFrames, newHeight = newTexture->getHeight() / newYFrames;
@@ -42,23 +43,25 @@ Ref<SpriteAnimation> Sprite::firstAnimation() const {
 
 void declareSprite(Module& module) {
     Class<SpriteAnimation>("zelvarine.SpriteAnimation",
-            "Which frames of a sprite sheet an animation shows, and how.\n\n"
-            "It has `frameCount` steps of `directions` adjacent frames each, from frame `startFrame` on; a step's\n"
-            "frames show the sprite from all around. `speed` is the part of the whole animation that passes in a\n"
-            "second; at the end it starts again or, with `oscillate`, runs back. With `directions` below 1 the\n"
-            "sprite is always drawn as seen from its front.")
-        .init<&SpriteAnimation::init>({{"name", Required{}, "str"}, {"frameCount"}, {"oscillate"}, {"speed"}, {"startFrame"}, {"directions"}})
+        "Which frames of a sprite sheet an animation shows, and how.\n\n"
+        "It has `frameCount` steps of `directions` adjacent frames each, from frame `startFrame` on; a step's\n"
+        "frames show the sprite from all around. `speed` is the part of the whole animation that passes in a\n"
+        "second; at the end it starts again or, with `oscillate`, runs back. With `directions` below 1 the\n"
+        "sprite is always drawn as seen from its front.")
+        .init<&SpriteAnimation::init>(
+            {{"name", Required{}, "str"}, {"frameCount"}, {"oscillate"}, {"speed"}, {"startFrame"}, {"directions"}})
         .addTo(module.raw());
     Class<Sprite>("zelvarine.Sprite",
-            "A sprite sheet: `texture` cut into `xFrames` columns and `yFrames` rows of equal frames, counted row\n"
-            "by row, and the animations over them. Pixels that are left over at the right and at the bottom\n"
-            "belong to no frame. Of animations with the same name the last one counts.\n\n"
-            "Raises ZeroDivisionError for a sheet of 0 columns or rows, ValueError for a negative number of them.")
+        "A sprite sheet: `texture` cut into `xFrames` columns and `yFrames` rows of equal frames, counted row\n"
+        "by row, and the animations over them. Pixels that are left over at the right and at the bottom\n"
+        "belong to no frame. Of animations with the same name the last one counts.\n\n"
+        "Raises ZeroDivisionError for a sheet of 0 columns or rows, ValueError for a negative number of them.")
         .init<&Sprite::init>({{"texture"}, {"xFrames"}, {"yFrames"}, {"spriteAnimations"}})
         .readonly<&Sprite::texture>("texture", "the sheet, a Texture")
         .readonly<&Sprite::width>("width", "width of a frame in pixels, int")
         .readonly<&Sprite::height>("height", "height of a frame in pixels, int")
-        .readonly<&Sprite::animations>("animations", "dict from name to SpriteAnimation, in the order given to the constructor")
+        .readonly<&Sprite::animations>(
+            "animations", "dict from name to SpriteAnimation, in the order given to the constructor")
         .addTo(module.raw());
 }
 

@@ -14,17 +14,21 @@ struct SpriteAnimation : Object {
     int directions = 1;  // as the script gave it: 0 or less is possible
 
     void eachRef(RefVisitor& visit) override { visit(name); }
-    void init(PyObject* newName, int newFrameCount, bool newOscillate, double newSpeed, int newStartFrame, int newDirections);
+    void init(
+        PyObject* newName, int newFrameCount, bool newOscillate, double newSpeed, int newStartFrame, int newDirections);
 };
 
 // Frame n is in column n % xFrames and row n / xFrames of the sheet.
 struct Sprite : Object {
-    Ref<Texture> texture;  // empty until the constructor ran
+    Ref<Texture> texture;       // empty until the constructor ran
     int width = 0, height = 0;  // of a frame, in pixels
     int xFrames = 1, yFrames = 1;
     Ref<Dict> animations = Ref<Dict>::steal(PyDict_New());  // by name; scripts may put anything there
 
-    void eachRef(RefVisitor& visit) override { visit(texture); visit(animations); }
+    void eachRef(RefVisitor& visit) override {
+        visit(texture);
+        visit(animations);
+    }
     void init(Ref<Texture> newTexture, int newXFrames, int newYFrames, Ref<List> spriteAnimations);
 
     // Raises StopIteration if there is none.

@@ -4,7 +4,6 @@
 
 namespace zv {
 
-
 static uint32_t blendModeOf(PyObject* word) {
     return PyUnicode_Check(word) && PyUnicode_CompareWithASCIIString(word, "add") == 0 ? blendAdd : blendAlpha;
 }
@@ -14,7 +13,8 @@ static Ref<SpriteAnimation> animationOf(const Ref<Sprite>& sprite, PyObject* key
     return Convert<Ref<SpriteAnimation>>::from(Ref<>::steal(PyObject_GetItem(animations.orNone(), key)).raw());
 }
 
-void SpriteComponent::init(Ref<Sprite> newSprite, bool newShadeless, double newZOffset, double newScale, uint32_t newBlendMode) {
+void SpriteComponent::init(
+    Ref<Sprite> newSprite, bool newShadeless, double newZOffset, double newScale, uint32_t newBlendMode) {
     Ref<SpriteAnimation> first = newSprite ? newSprite->firstAnimation() : Ref<SpriteAnimation>();
     bool hasSprite = static_cast<bool>(newSprite);
     sprite = std::move(newSprite);
@@ -38,7 +38,9 @@ void SpriteComponent::setCurrentAnimation(Ref<SpriteAnimation> animation) {
     if (checked(PyObject_RichCompareBool(current.orNone(), animation.orNone(), Py_EQ))) return;
     const SpriteAnimation* chosen = animation.get();
     // The last frame number wraps around like any 32-bit sum; nothing is addressed with it.
-    currentMaxFrame = chosen ? static_cast<int>(static_cast<unsigned>(chosen->startFrame) + static_cast<unsigned>(chosen->frameCount)) : 0;
+    currentMaxFrame = chosen
+        ? static_cast<int>(static_cast<unsigned>(chosen->startFrame) + static_cast<unsigned>(chosen->frameCount))
+        : 0;
     currentMinFrame = chosen ? chosen->startFrame : 0;
     currentDirections = chosen ? chosen->directions : 1;
     animationSpeed = chosen ? chosen->speed : 0;
@@ -62,13 +64,14 @@ void SpriteComponent::setCurrentAnimationKey(PyObject* key) { play(animationOf(R
 
 void SpriteComponent::loadFromDict(PyObject* level, PyObject* input) {
     Ref<> sprites = getAttribute(level, "_sprites"_name);
-    auto newSprite = Convert<Ref<Sprite>>::from(
-        Ref<>::steal(PyObject_GetItem(sprites.raw(), item(input, "sprite").raw())).raw());
+    auto newSprite =
+        Convert<Ref<Sprite>>::from(Ref<>::steal(PyObject_GetItem(sprites.raw(), item(input, "sprite").raw())).raw());
     bool newShadeless = itemOr(input, "shadeless", false);
     double newZOffset = itemOr(input, "zOffset", 0.0), newScale = itemOr(input, "scale", 1.0);
     uint32_t newBlendMode = hasItem(input, "blendMode") ? blendModeOf(item(input, "blendMode").raw()) : blendAlpha;
     Ref<SpriteAnimation> animation = hasItem(input, "currentAnimation")
-        ? animationOf(newSprite, item(input, "currentAnimation").raw()) : newSprite->firstAnimation();
+        ? animationOf(newSprite, item(input, "currentAnimation").raw())
+        : newSprite->firstAnimation();
     double newPercentage = itemOr(input, "animationPercentage", 0.0);
     sprite = std::move(newSprite);
     shadeless = newShadeless;
@@ -81,44 +84,61 @@ void SpriteComponent::loadFromDict(PyObject* level, PyObject* input) {
 
 Ref<> SpriteComponent::dumpToDict(PyObject* level) const {
     Ref<> sprites = getAttribute(level, "_sprites"_name);
-    return DictBuilder().set("sprite", callByName(sprites.raw(), "index"_name, sprite)).set("shadeless", shadeless)
-        .set("zOffset", zOffset).set("scale", scale).set("blendMode", blendMode == blendAdd ? "add" : "blend")
-        .set("currentAnimation", getCurrentAnimationKey()).set("animationPercentage", animationPercentage).done();
+    return DictBuilder()
+        .set("sprite", callByName(sprites.raw(), "index"_name, sprite))
+        .set("shadeless", shadeless)
+        .set("zOffset", zOffset)
+        .set("scale", scale)
+        .set("blendMode", blendMode == blendAdd ? "add" : "blend")
+        .set("currentAnimation", getCurrentAnimationKey())
+        .set("animationPercentage", animationPercentage)
+        .done();
 }
 
 void declareSpriteComponent(Module& module) {
     Class<SpriteComponent>("zelvarine.SpriteComponent",
-            "A sprite can be used in an entity inside a level.\n"
-            "It contains information about animations and directional frames\n\n"
-            "A new component plays the first animation of its sprite; StopIteration if the sprite has none.\n"
-            "`zOffset` moves the picture down, in halves of the unscaled sprite's height; `scale` enlarges it;\n"
-            "`shadeless` keeps fog off it; `blendMode` is BLENDMODE_BLEND or, for light, BLENDMODE_ADD.")
-        .init<&SpriteComponent::init>({{"sprite", None{}}, {"shadeless", false}, {"zOffset", 0.0}, {"scale", 1.0}, {"blendMode", static_cast<int>(blendAlpha)}})
-        .property<&SpriteComponent::sprite>("sprite", "the Sprite or None; a new one leaves the current animation alone")
+        "A sprite can be used in an entity inside a level.\n"
+        "It contains information about animations and directional frames\n\n"
+        "A new component plays the first animation of its sprite; StopIteration if the sprite has none.\n"
+        "`zOffset` moves the picture down, in halves of the unscaled sprite's height; `scale` enlarges it;\n"
+        "`shadeless` keeps fog off it; `blendMode` is BLENDMODE_BLEND or, for light, BLENDMODE_ADD.")
+        .init<&SpriteComponent::init>({{"sprite", None{}}, {"shadeless", false}, {"zOffset", 0.0}, {"scale", 1.0},
+            {"blendMode", static_cast<int>(blendAlpha)}})
+        .property<&SpriteComponent::sprite>(
+            "sprite", "the Sprite or None; a new one leaves the current animation alone")
         .property<&SpriteComponent::sprite>("_sprite", "the same as sprite")
         .property<&SpriteComponent::shadeless>("shadeless", "whether fog leaves the sprite alone")
         .property<&SpriteComponent::shadeless>("_shadeless", "the same as shadeless")
-        .property<&SpriteComponent::getBlendMode, &SpriteComponent::setBlendMode>("blendMode", "'add' or 'alpha'; anything but 'add' selects plain blending")
+        .property<&SpriteComponent::getBlendMode, &SpriteComponent::setBlendMode>(
+            "blendMode", "'add' or 'alpha'; anything but 'add' selects plain blending")
         .property<&SpriteComponent::blendMode>("_blendMode", "BLENDMODE_BLEND or BLENDMODE_ADD, int")
-        .property<&SpriteComponent::zOffset>("zOffset", "how far down the sprite is moved, in halves of its unscaled height, float")
+        .property<&SpriteComponent::zOffset>(
+            "zOffset", "how far down the sprite is moved, in halves of its unscaled height, float")
         .property<&SpriteComponent::zOffset>("_zOffset", "the same as zOffset")
         .property<&SpriteComponent::scale>("scale", "size factor, float")
         .property<&SpriteComponent::scale>("_scale", "the same as scale")
-        .property<&SpriteComponent::dist>("_dist", "distance to the camera in cells, written by the renderer in each frame, float")
+        .property<&SpriteComponent::dist>(
+            "_dist", "distance to the camera in cells, written by the renderer in each frame, float")
         .property<&SpriteComponent::getCurrentAnimation, &SpriteComponent::setCurrentAnimation>("currentAnimation",
             "the SpriteAnimation that plays, or None. A new one starts at the position of the old one; the same\n"
             "one again changes nothing. With None the frame numbers and the speed are 0, the directions 1.")
-        .property<&SpriteComponent::currentAnimation>("_currentAnimation", "the animation alone, without what goes with it")
-        .property<&SpriteComponent::getCurrentAnimationKey, &SpriteComponent::setCurrentAnimationKey>("currentAnimationKey",
+        .property<&SpriteComponent::currentAnimation>(
+            "_currentAnimation", "the animation alone, without what goes with it")
+        .property<&SpriteComponent::getCurrentAnimationKey, &SpriteComponent::setCurrentAnimationKey>(
+            "currentAnimationKey",
             "name of the current animation in the sprite's animations. Reading raises StopIteration if it is not\n"
             "among them; setting a name that is not there raises KeyError.")
-        .property<&SpriteComponent::animationPercentage>("animationPercentage", "position in the animation, from 0 to below 1, float")
+        .property<&SpriteComponent::animationPercentage>(
+            "animationPercentage", "position in the animation, from 0 to below 1, float")
         .property<&SpriteComponent::animationPercentage>("_animationPercentage", "the same as animationPercentage")
         .property<&SpriteComponent::currentMinFrame>("_currentMinFrame", "number of the animation's first frame, int")
-        .property<&SpriteComponent::currentMaxFrame>("_currentMaxFrame", "the first frame plus the number of steps, int")
+        .property<&SpriteComponent::currentMaxFrame>(
+            "_currentMaxFrame", "the first frame plus the number of steps, int")
         .property<&SpriteComponent::currentDirections>("_currentDirections", "viewing directions of each step, int")
-        .property<&SpriteComponent::animationSpeed>("_animationSpeed", "part of the animation per second; negative while it runs back, float")
-        .property<&SpriteComponent::angleToCam>("_angleToCam", "which side faces the camera, in turns, written by the renderer in each frame, float")
+        .property<&SpriteComponent::animationSpeed>(
+            "_animationSpeed", "part of the animation per second; negative while it runs back, float")
+        .property<&SpriteComponent::angleToCam>(
+            "_angleToCam", "which side faces the camera, in turns, written by the renderer in each frame, float")
         .method<&SpriteComponent::loadFromDict>("loadFromDict", {{"level"}, {"input"}},
             "Fills the component from a dict, as level files hold it. `level` is the level that is being loaded;\n"
             "'sprite' is an index into its sprites: IndexError if there is none such, KeyError without that key or\n"

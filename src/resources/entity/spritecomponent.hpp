@@ -19,7 +19,10 @@ struct SpriteComponent : Object {
     double animationSpeed = 0;  // the sign turns while an animation oscillates
     double angleToCam = 0;      // in turns; the renderer writes it
 
-    void eachRef(RefVisitor& visit) override { visit(sprite); visit(currentAnimation); }
+    void eachRef(RefVisitor& visit) override {
+        visit(sprite);
+        visit(currentAnimation);
+    }
 
     void init(Ref<Sprite> newSprite, bool newShadeless, double newZOffset, double newScale, uint32_t newBlendMode);
     std::string getBlendMode() const { return blendMode ? "add" : "alpha"; }

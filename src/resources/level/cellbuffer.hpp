@@ -1,6 +1,6 @@
 // The memory of a grid, together with its size: neither changes without the other.
 #pragma once
-#include "resources/level/grid.hpp"
+#include "core/grid.hpp"
 
 #include <cstdlib>
 #include <memory>
@@ -17,7 +17,8 @@ public:
     CellBuffer(int width, int height)
         : bytes(static_cast<size_t>(int64_t{width} * height * cellBytes)),
           memory(static_cast<uint8_t*>(std::calloc(bytes ? bytes : 1, 1))),
-          gridWidth(width), gridHeight(height) {
+          gridWidth(width),
+          gridHeight(height) {
         if (!memory) throw std::bad_alloc();
     }
 

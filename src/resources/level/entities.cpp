@@ -4,7 +4,6 @@
 
 namespace zv {
 
-
 void Level::loadEntities() {
     unraisable("zelvarine.Level._loadEntities"_name, [&] {
         if (!hasItem(metadata.raw(), "entities")) return;
@@ -22,8 +21,8 @@ Ref<Entity> Level::loadEntity(PyObject* entity) {
     });
     if (hasItem(entity, "id")) id = Ref<>::steal(PyNumber_Long(item(entity, "id").raw()));
     checked(PyList_Insert(arguments.raw(), 0, id.raw()));
-    Ref<Entity> loaded = Ref<Entity>::steal(PyObject_CallObject(reinterpret_cast<PyObject*>(&typeOf<Entity>),
-                                                                Ref<>::steal(PyList_AsTuple(arguments.raw())).raw()));
+    Ref<Entity> loaded = Ref<Entity>::steal(PyObject_CallObject(
+        reinterpret_cast<PyObject*>(&typeOf<Entity>), Ref<>::steal(PyList_AsTuple(arguments.raw())).raw()));
     callByName(entities.raw(), "append"_name, loaded);
     return loaded;
 }
@@ -33,7 +32,7 @@ static void registerUnknown(PyObject* components, const Ref<Str>& name) {
     print(Ref<>::steal(PyUnicode_FromFormat("unknown component type '%U'", name.raw())));
     Ref<> className = Ref<>::steal(PyUnicode_FromFormat("_Component_%U", name.raw()));
     Ref<> cls = Ref<>::steal(PyObject_CallFunction(reinterpret_cast<PyObject*>(&PyType_Type), "O(O){}", className.raw(),
-                                                   Module::global("DummyComponent"_name).raw()));
+        Module::global("DummyComponent"_name).raw()));
     checked(PyObject_SetItem(components, name.raw(), cls.raw()));
     checked(PyObject_SetItem(components, cls.raw(), name.raw()));
 }
@@ -44,7 +43,8 @@ Ref<> Level::createComponent(Ref<Str> componentName, PyObject* component) {
     if (!contains(components.raw(), componentName.raw())) registerUnknown(components.raw(), componentName);
     Ref<> cls = Ref<>::steal(PyObject_GetItem(components.raw(), componentName.raw()));
     Ref<> instance = Ref<>::steal(PyObject_CallObject(cls.raw(), nullptr));
-    if (hasAttribute(instance.raw(), "loadFromDict"_name)) callByName(instance.raw(), "loadFromDict"_name, *this, component);
+    if (hasAttribute(instance.raw(), "loadFromDict"_name))
+        callByName(instance.raw(), "loadFromDict"_name, *this, component);
     else call<&Level::loadFromDict>(*this, instance.raw(), component);
     return instance;
 }
@@ -59,13 +59,9 @@ void Level::loadFromDict(PyObject* component, PyObject* input) {
 
 void Level::addEntity(Ref<Entity> entity) { callByName(entities.raw(), "append"_name, entity); }
 
-void Level::removeEntity(Ref<Entity> entity) {
-    callByName(entities.raw(), "remove"_name, entity);
-}
+void Level::removeEntity(Ref<Entity> entity) { callByName(entities.raw(), "remove"_name, entity); }
 
-void Level::removeAllEntities() {
-    callByName(entities.raw(), "clear"_name);
-}
+void Level::removeAllEntities() { callByName(entities.raw(), "clear"_name); }
 
 Ref<Entity> Level::addEntityFromJson(Ref<Dict> entity) {
     callByName(item(metadata.raw(), "entities").raw(), "append"_name, entity);
@@ -83,7 +79,8 @@ void Level::removeEntityFromJson(Ref<Entity> entity) {
 void Level::syncEntitiesFromEcs(Ref<Ecs> ecs) {
     Ref<> source = callByName(ecs.raw(), "getEntities"_name);
     call<&Level::removeAllEntities>(*this);
-    forEach(source.raw(), [&](PyObject* entity) { call<&Level::addEntity>(*this, Convert<Ref<Entity>>::from(entity)); });
+    forEach(
+        source.raw(), [&](PyObject* entity) { call<&Level::addEntity>(*this, Convert<Ref<Entity>>::from(entity)); });
 }
 
 void Level::syncEntitiesToEcs(Ref<Ecs> ecs) {
@@ -91,7 +88,7 @@ void Level::syncEntitiesToEcs(Ref<Ecs> ecs) {
     forEach(entities.raw(), [&](PyObject* entity) { callByName(ecs.raw(), "addEntity"_name, entity); });
 }
 
-Ref<> Level::getEntities(Rest requiredComponentTypes) const {
+Ref<> Level::getEntities(Args requiredComponentTypes) const {
     Ref<List> all = entities;
     if (requiredComponentTypes.size == 0) return Ref<>::borrow(all.raw());
     Ref<Tuple> types = tupleOf(requiredComponentTypes);

@@ -1,4 +1,4 @@
-// Fog: colours and densities, and how the description of a level sets them.
+// Fog: colors and densities, and how the description of a level sets them.
 #include "binding/items.hpp"
 #include "resources/level.hpp"
 
@@ -8,7 +8,8 @@ FogColor FogColor::of(PyObject* components) {
     Ref<> number = toPython(0xFF000000u);
     int shift = 16;
     for (const Ref<>& component : unpack(components, 3)) {
-        Ref<> bits = Ref<>::steal(PyNumber_Lshift(Ref<>::steal(PyNumber_Index(component.raw())).raw(), toPython(shift).raw()));
+        Ref<> bits =
+            Ref<>::steal(PyNumber_Lshift(Ref<>::steal(PyNumber_Index(component.raw())).raw(), toPython(shift).raw()));
         number = Ref<>::steal(PyNumber_Or(number.raw(), bits.raw()));
         shift -= 8;
     }
@@ -24,7 +25,8 @@ void Level::loadFogSettings() {
     unraisable("zelvarine.Level._loadFogSettings"_name, [&] {
         PyObject* settings = metadata.raw();
         fogColor = hasItem(settings, "fogColor") ? FogColor::of(item(settings, "fogColor").raw()) : defaultFogColor();
-        groundFogColor = hasItem(settings, "groundFogColor") ? FogColor::of(item(settings, "groundFogColor").raw()) : defaultGroundFogColor();
+        groundFogColor = hasItem(settings, "groundFogColor") ? FogColor::of(item(settings, "groundFogColor").raw())
+                                                             : defaultGroundFogColor();
         fogDensity = itemOr(settings, "fogDensity", defaultFogDensity);
         groundFogDensity = itemOr(settings, "groundFogDensity", defaultGroundFogDensity);
     });

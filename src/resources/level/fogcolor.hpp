@@ -1,4 +1,4 @@
-// A fog colour as scripts and level files give it.
+// A fog color as scripts and level files give it.
 #pragma once
 #include "binding/module.hpp"
 

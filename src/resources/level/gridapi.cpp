@@ -7,8 +7,10 @@ namespace zv {
 
 uint8_t& Level::byteAt(int offset, int x, int y) const {
     Grid g = grid();
-    if (!g.contains(x, y)) raise(PyExc_IndexError, "cell (%d, %d) is outside of the level of %d by %d cells", x, y, g.width, g.height);
-    if (offset < 0 || offset >= cellBytes) raise(PyExc_IndexError, "a cell has no byte %d; use one of the TEXTURE_ constants", offset);
+    if (!g.contains(x, y))
+        raise(PyExc_IndexError, "cell (%d, %d) is outside of the level of %d by %d cells", x, y, g.width, g.height);
+    if (offset < 0 || offset >= cellBytes)
+        raise(PyExc_IndexError, "a cell has no byte %d; use one of the TEXTURE_ constants", offset);
     return g.cell(x, y)[offset];
 }
 

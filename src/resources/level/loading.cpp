@@ -8,7 +8,6 @@
 
 namespace zv {
 
-
 [[noreturn]] static void raiseLevelFormat(const Ref<Str>& filename, const Ref<>& message) {
     Ref<> error = callFunction(Module::global("LevelFormatException"_name).raw(), filename, message);
     PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(error.raw())), error.raw());
@@ -25,7 +24,8 @@ Ref<> Level::descriptionName(const Ref<Str>& filename) {
 // The size of the buffer of a grid. Saving counts its bytes in 32 bits, so there cannot be more.
 static CellBuffer newCells(int width, int height) {
     if (width < 0 || height < 0) raise(PyExc_OverflowError, "can't convert negative value to size_t");
-    if (int64_t{width} * height > INT_MAX / cellBytes) raise(PyExc_OverflowError, "a grid of %d by %d cells is too large", width, height);
+    if (int64_t{width} * height > INT_MAX / cellBytes)
+        raise(PyExc_OverflowError, "a grid of %d by %d cells is too large", width, height);
     return CellBuffer(width, height);
 }
 
@@ -86,7 +86,8 @@ void Level::loadMetadata(Ref<Str> filename, Ref<Str> header) {
 Ref<> Level::convertPath(Ref<Str> path) const {
     Ref<Str> folder = assetsPath;
     Ref<> ospath = Module::global("_ospath"_name);
-    if (!folder || Convert<bool>::from(callByName(ospath.raw(), "isabs"_name, path).raw())) return Ref<>::borrow(path.orNone());
+    if (!folder || Convert<bool>::from(callByName(ospath.raw(), "isabs"_name, path).raw()))
+        return Ref<>::borrow(path.orNone());
     return callByName(ospath.raw(), "join"_name, folder, path);
 }
 
@@ -95,8 +96,8 @@ Ref<Texture> Level::loadTexture(PyObject* path) {
 }
 
 static Ref<SpriteAnimation> animationOf(PyObject* name, PyObject* a) {
-    return create<SpriteAnimation>(name, item(a, "frames"), itemOr(a, "oscillate", toPython(0)), itemOr(a, "speed", toPython(0.1)),
-                                   itemOr(a, "startFrame", toPython(0)), itemOr(a, "directions", toPython(1)));
+    return create<SpriteAnimation>(name, item(a, "frames"), itemOr(a, "oscillate", toPython(0)),
+        itemOr(a, "speed", toPython(0.1)), itemOr(a, "startFrame", toPython(0)), itemOr(a, "directions", toPython(1)));
 }
 
 static Ref<> animationsOf(PyObject* sprite) {
@@ -128,7 +129,8 @@ void Level::loadAssets() {
         forEach(item(description, "sprites").raw(), [&](PyObject* sprite) {
             Ref<Texture> sheet = loadTexture(item(sprite, "texture").raw());
             Ref<> animations = animationsOf(sprite);
-            loaded.push_back(create<Sprite>(sheet, itemOr(sprite, "xFrames", toPython(1)), itemOr(sprite, "yFrames", toPython(1)), animations));
+            loaded.push_back(create<Sprite>(
+                sheet, itemOr(sprite, "xFrames", toPython(1)), itemOr(sprite, "yFrames", toPython(1)), animations));
         });
         for (const auto& sprite : loaded) callByName(sprites.raw(), "append"_name, sprite);
     }

@@ -5,13 +5,15 @@
 
 namespace zv {
 
-
-static void printWritten(const Ref<>& filename) { print(Ref<>::steal(PyUnicode_FromFormat("wrote file %U", filename.raw()))); }
+static void printWritten(const Ref<>& filename) {
+    print(Ref<>::steal(PyUnicode_FromFormat("wrote file %U", filename.raw())));
+}
 
 void Level::saveFile(Ref<Str> filename) {
     Grid saved = grid();
     if (width != saved.width || height != saved.height)
-        raise(PyExc_ValueError, "the grid has %d by %d cells, but the metadata is of a level of %d by %d", saved.width, saved.height, width, height);
+        raise(PyExc_ValueError, "the grid has %d by %d cells, but the metadata is of a level of %d by %d", saved.width,
+            saved.height, width, height);
     call<&Level::updateEntityMetadata>(*this);
     Ref<> description = descriptionName(filename);
     withFile(description.raw(), "w", [&](PyObject* file) {
@@ -21,11 +23,14 @@ void Level::saveFile(Ref<Str> filename) {
         callByName(file, "write"_name, Ref<>::steal(PyObject_Call(function.raw(), arguments.raw(), options.raw())));
     });
     printWritten(description);
-    Ref<> bytes = Ref<>::steal(PyBytes_FromStringAndSize(reinterpret_cast<const char*>(cells.data()), static_cast<Py_ssize_t>(cells.size())));
+    Ref<> bytes = Ref<>::steal(
+        PyBytes_FromStringAndSize(reinterpret_cast<const char*>(cells.data()), static_cast<Py_ssize_t>(cells.size())));
     withFile(filename.raw(), "wb", [&](PyObject* file) {
         Ref<> write = getAttribute(file, "write"_name);
-        for (const char& byte : std::string_view(PyBytes_AS_STRING(bytes.raw()), static_cast<size_t>(PyBytes_GET_SIZE(bytes.raw()))))
-            Ref<>::steal(PyObject_CallFunctionObjArgs(write.raw(), Ref<>::steal(PyBytes_FromStringAndSize(&byte, 1)).raw(), nullptr));
+        for (const char& byte :
+            std::string_view(PyBytes_AS_STRING(bytes.raw()), static_cast<size_t>(PyBytes_GET_SIZE(bytes.raw()))))
+            Ref<>::steal(PyObject_CallFunctionObjArgs(
+                write.raw(), Ref<>::steal(PyBytes_FromStringAndSize(&byte, 1)).raw(), nullptr));
     });
     printWritten(Ref<>::borrow(filename.raw()));
 }
@@ -40,8 +45,9 @@ void Level::updateEntityMetadata() {
             bool isDummy = type == Module::global("DummyComponent"_name).raw();
             Ref<> name = isDummy ? getAttribute(component, "typeName"_name)
                                  : Ref<>::steal(PyObject_GetItem(Module::global("_COMPONENTS"_name).raw(), type));
-            Ref<> dumped = !isDummy && hasAttribute(component, "dumpToDict"_name) ? callByName(component, "dumpToDict"_name, *this)
-                                                                                : call<&Level::dumpToDict>(*this, component);
+            Ref<> dumped = !isDummy && hasAttribute(component, "dumpToDict"_name)
+                ? callByName(component, "dumpToDict"_name, *this)
+                : call<&Level::dumpToDict>(*this, component);
             checked(PyDict_SetItem(dict.raw(), name.raw(), dumped.orNone()));
         });
         checked(PyList_Append(dicts.raw(), dict.raw()));

@@ -1,9 +1,9 @@
 // What the passes of a frame work on: plain numbers and arrays, no Python object.
 #pragma once
-#include "image.hpp"
-#include "numbers.hpp"
-#include "point.hpp"
-#include "raycaster/ray.hpp"
+#include "core/image.hpp"
+#include "core/numbers.hpp"
+#include "core/point.hpp"
+#include "core/ray.hpp"
 
 #include <algorithm>
 #include <vector>
@@ -11,7 +11,7 @@
 namespace zv {
 
 struct Fog {
-    int density = 0, groundDensity = 0;     // amount per cell of distance, out of 255
+    int density = 0, groundDensity = 0;  // amount per cell of distance, out of 255
     uint32_t color = 0, groundColor = 0;
 
     // The amount from 0 to 255 at a distance; 255 is solid.
@@ -36,9 +36,9 @@ struct Scene {
 // The camera's numbers for one frame, and the size of the picture.
 struct View {
     Point pos, dir;
-    int fov = 0;         // degrees
+    int fov = 0;  // degrees
     double ratio = 1;
-    int horizon = 0;     // row; beyond the picture if the camera is pitched that far
+    int horizon = 0;  // row; beyond the picture if the camera is pitched that far
     int width = 0, height = 0;
 
     double scale() const { return height / ratio; }

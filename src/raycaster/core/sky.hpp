@@ -1,6 +1,6 @@
 // The sky: a panorama of 360 degrees that turns with the camera and slides with its pitch.
 #pragma once
-#include "raycaster/scene.hpp"
+#include "raycaster/core/scene.hpp"
 
 namespace zv {
 

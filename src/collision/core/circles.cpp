@@ -1,4 +1,4 @@
-#include "collision/circles.hpp"
+#include "collision/core/circles.hpp"
 
 namespace zv {
 
@@ -8,12 +8,15 @@ std::optional<Point> closestLineCircleIntersection(Point center, float radius, P
     Point fromCenter = start - center;
     float a = dx * dx + dy * dy;
     float b = static_cast<float>(2 * (static_cast<double>(dx) * fromCenter.x + static_cast<double>(dy) * fromCenter.y));
-    float c = static_cast<float>(fromCenter.x * fromCenter.x + fromCenter.y * fromCenter.y - static_cast<double>(radius * radius));
+    float c = static_cast<float>(
+        fromCenter.x * fromCenter.x + fromCenter.y * fromCenter.y - static_cast<double>(radius * radius));
     if (static_cast<double>(a) <= 1e-7) return {};  // the line has no length
 
     float det = static_cast<float>(static_cast<double>(b * b) - 4.0 * static_cast<double>(a) * static_cast<double>(c));
     if (det < 0) return {};
-    auto pointAt = [&](float t) { return Point{start.x + static_cast<double>(dx * t), start.y + static_cast<double>(dy * t)}; };
+    auto pointAt = [&](float t) {
+        return Point{start.x + static_cast<double>(dx * t), start.y + static_cast<double>(dy * t)};
+    };
     if (det == 0) {
         float t = -b / (a + a);
         return t > 0 ? std::optional(pointAt(t)) : std::nullopt;

@@ -1,6 +1,6 @@
 // Circles against circles and lines: plain geometry of bodies.
 #pragma once
-#include "point.hpp"
+#include "core/point.hpp"
 
 #include <optional>
 

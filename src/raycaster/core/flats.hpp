@@ -1,6 +1,6 @@
 // Floors and ceilings: flat planes half a wall below and above the eye.
 #pragma once
-#include "raycaster/scene.hpp"
+#include "raycaster/core/scene.hpp"
 
 namespace zv {
 

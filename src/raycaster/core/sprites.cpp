@@ -1,6 +1,6 @@
-#include "raycaster/sprites.hpp"
+#include "raycaster/core/sprites.hpp"
 
-#include "raycaster/blend.hpp"
+#include "core/blend.hpp"
 
 namespace zv {
 
@@ -50,7 +50,7 @@ void drawColumn(const SpriteFrame& frame, const Fog& fog, int x, double texX, co
 }  // namespace
 
 void drawSprite(const SpriteFrame& frame, const Fog& fog, const View& view, const Columns& columns, Point place,
-                double halfHeight, const Image& target) {
+    double halfHeight, const Image& target) {
     // The offset from the middle is drawn in by a quarter; the field of view has no part in it.
     int halfWidth = view.width / 2;
     double projected = std::trunc(place.y / place.x * view.width + halfWidth);
@@ -61,7 +61,7 @@ void drawSprite(const SpriteFrame& frame, const Fog& fog, const View& view, cons
     if (!(size > 0) || !std::isfinite(lift)) return;
     Extent across = extentOf(screenX - size, screenX + size, view.width, frame.width / (halfHeight * 2) / frame.scale);
     Extent down = extentOf(lift + (view.horizon - size), view.horizon + size + lift, view.height,
-                           frame.height / (halfHeight * 2) / frame.scale);
+        frame.height / (halfHeight * 2) / frame.scale);
     double texX = across.texel;
     for (int x = across.from; x < across.to; x++, texX += across.step) {
         const RayHit& hit = columns.hits[static_cast<size_t>(x)];

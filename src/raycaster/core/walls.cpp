@@ -1,6 +1,6 @@
-#include "raycaster/walls.hpp"
+#include "raycaster/core/walls.hpp"
 
-#include "raycaster/blend.hpp"
+#include "core/blend.hpp"
 
 namespace zv {
 
@@ -36,15 +36,16 @@ static double alongWall(const RayHit& hit) {
     return reversed ? 1 - u : u;
 }
 
-static void drawTexturedSlice(const Image& texture, const Fog& fog, const View& view, const RayHit& hit, const Slice& slice,
-                              const Image& target, int x) {
+static void drawTexturedSlice(const Image& texture, const Fog& fog, const View& view, const RayHit& hit,
+    const Slice& slice, const Image& target, int x) {
     int fogAmount = fog.at(hit.dist), groundFog = fog.groundAt(hit.dist);
     int texX = std::min(truncate(alongWall(hit) * texture.width), texture.width - 1);
     double texStep = texture.height / (2.0 * slice.half + 1);
     double texPos = (slice.start - (view.horizon - slice.half)) * texStep;
     for (int y = slice.start; y < slice.end; y++) {
         uint32_t texel = texture.at(texX, std::min(static_cast<int>(texPos), texture.height - 1));
-        if (fog.groundDensity > 0) texel = mix(texel, fog.groundColor, groundFogAt(groundFog, y, slice.start, 2 * slice.half));
+        if (fog.groundDensity > 0)
+            texel = mix(texel, fog.groundColor, groundFogAt(groundFog, y, slice.start, 2 * slice.half));
         target.at(x, y) = mix(texel, fog.color, fogAmount);
         texPos += texStep;
     }
@@ -63,7 +64,8 @@ void drawWalls(const Scene& scene, const View& view, const Columns& columns, con
     }
 }
 
-void drawFlashlight(const Image& mask, const View& view, const Columns& columns, const Image& target, int from, int to) {
+void drawFlashlight(
+    const Image& mask, const View& view, const Columns& columns, const Image& target, int from, int to) {
     for (int x = from; x < to; x++) {
         const RayHit& hit = columns.hits[static_cast<size_t>(x)];
         const Slice& slice = columns.slices[static_cast<size_t>(x)];

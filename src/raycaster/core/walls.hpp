@@ -1,6 +1,6 @@
 // Walls: one ray and one textured slice per column, and the flashlight on them.
 #pragma once
-#include "raycaster/scene.hpp"
+#include "raycaster/core/scene.hpp"
 
 namespace zv {
 

@@ -16,7 +16,15 @@ enum Block : int {
 };
 
 // Offsets in a cell.
-enum CellByte : int { cellBlock = 0, cellFloor = 1, cellCeiling = 2, cellNorth = 3, cellEast = 4, cellSouth = 5, cellWest = 6 };
+enum CellByte : int {
+    cellBlock = 0,
+    cellFloor = 1,
+    cellCeiling = 2,
+    cellNorth = 3,
+    cellEast = 4,
+    cellSouth = 5,
+    cellWest = 6
+};
 
 inline constexpr int cellBytes = 7;
 inline constexpr int noTexture = 255;

@@ -1,6 +1,6 @@
-#include "raycaster/flats.hpp"
+#include "raycaster/core/flats.hpp"
 
-#include "raycaster/blend.hpp"
+#include "core/blend.hpp"
 
 namespace zv {
 
@@ -19,19 +19,20 @@ static bool flatPointAt(const Grid& grid, CellByte plane, double x, double y, Fl
 }
 
 // One row of one plane; `shade` turns a texel into a pixel. `covers` tells which columns show the plane here.
-template <class Covers, class Shade>
-static void drawRow(const Scene& scene, const View& view, const Columns& columns, const Image& target, CellByte plane,
-                    int y, double rowDist, bool solidFog, Covers&& covers, Shade&& shade) {
+template <class Covers, class Shade> static void drawRow(const Scene& scene, const View& view, const Columns& columns,
+    const Image& target, CellByte plane, int y, double rowDist, bool solidFog, Covers&& covers, Shade&& shade) {
     for (int x = 0; x < view.width; x++) {
         if (!covers(columns.slices[static_cast<size_t>(x)])) continue;
         Point ray = columns.hits[static_cast<size_t>(x)].rayDir;
         FlatPoint point;
-        if (!flatPointAt(scene.grid, plane, rowDist * ray.x + view.pos.x, rowDist * ray.y + view.pos.y, point)) continue;
+        if (!flatPointAt(scene.grid, plane, rowDist * ray.x + view.pos.x, rowDist * ray.y + view.pos.y, point))
+            continue;
         if (point.textureIndex == noTexture) continue;
         if (solidFog) {
             target.at(x, y) = scene.fog.color;
         } else if (const Image* texture = scene.texture(point.textureIndex)) {
-            target.at(x, y) = shade(texture->at(static_cast<int>(point.u * texture->width), static_cast<int>(point.v * texture->height)));
+            target.at(x, y) = shade(
+                texture->at(static_cast<int>(point.u * texture->width), static_cast<int>(point.v * texture->height)));
         }
     }
 }
@@ -41,9 +42,10 @@ void drawFloor(const Scene& scene, const View& view, const Columns& columns, con
     for (int y = std::max(from, view.horizon + 1); y < to; y++) {  // at the horizon itself the floor is infinitely far
         double rowDist = view.scale() / (y - view.horizon);
         int fogAmount = fog.at(rowDist), groundFog = fog.groundAt(rowDist);
-        drawRow(scene, view, columns, target, cellFloor, y, rowDist, fogAmount >= 255,
-                [y](const Slice& slice) { return y >= slice.end; },
-                [&](uint32_t texel) { return mix(mix(texel, fog.groundColor, groundFog), fog.color, fogAmount); });
+        drawRow(
+            scene, view, columns, target, cellFloor, y, rowDist, fogAmount >= 255,
+            [y](const Slice& slice) { return y >= slice.end; },
+            [&](uint32_t texel) { return mix(mix(texel, fog.groundColor, groundFog), fog.color, fogAmount); });
     }
 }
 
@@ -52,9 +54,10 @@ void drawCeiling(const Scene& scene, const View& view, const Columns& columns, c
     for (int y = from; y < std::min(to, view.horizon); y++) {
         double rowDist = view.scale() / (view.horizon - y);
         int fogAmount = fog.at(rowDist);
-        drawRow(scene, view, columns, target, cellCeiling, y, rowDist, fogAmount >= 255,
-                [y](const Slice& slice) { return y < slice.start; },
-                [&](uint32_t texel) { return mix(texel, fog.color, fogAmount); });
+        drawRow(
+            scene, view, columns, target, cellCeiling, y, rowDist, fogAmount >= 255,
+            [y](const Slice& slice) { return y < slice.start; },
+            [&](uint32_t texel) { return mix(texel, fog.color, fogAmount); });
     }
 }
 

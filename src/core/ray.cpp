@@ -1,6 +1,6 @@
-#include "raycaster/ray.hpp"
+#include "core/ray.hpp"
 
-#include "numbers.hpp"
+#include "core/numbers.hpp"
 
 #include <optional>
 
@@ -34,7 +34,8 @@ std::optional<Point> meetHypotenuse(int block, int cellX, int cellY, Point pos, 
 Point normalOf(int face, int block) {
     constexpr double s = diagonalUnit;
     switch (face) {
-    case cellNorth: return block == blockSouthWest ? Point{s, -s} : block == blockSouthEast ? Point{-s, -s} : Point{0, -1};
+    case cellNorth:
+        return block == blockSouthWest ? Point{s, -s} : block == blockSouthEast ? Point{-s, -s} : Point{0, -1};
     case cellEast: return block == blockNorthWest ? Point{s, s} : block == blockSouthWest ? Point{s, -s} : Point{1, 0};
     case cellSouth: return block == blockNorthWest ? Point{s, s} : block == blockNorthEast ? Point{-s, s} : Point{0, 1};
     default: return block == blockNorthEast ? Point{-s, s} : block == blockSouthEast ? Point{-s, -s} : Point{-1, 0};
@@ -108,7 +109,9 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
     if (hitInOwnCell(grid, cellX, cellY, pos, dir, hit)) return;
 
     auto verticalCrossing = [&] { return Point{static_cast<double>(nextX), (nextX - pos.x) / dir.x * dir.y + pos.y}; };
-    auto horizontalCrossing = [&] { return Point{(nextY - pos.y) / dir.y * dir.x + pos.x, static_cast<double>(nextY)}; };
+    auto horizontalCrossing = [&] {
+        return Point{(nextY - pos.y) / dir.y * dir.x + pos.x, static_cast<double>(nextY)};
+    };
     Point crossX = verticalCrossing(), crossY = horizontalCrossing();
     while (!hit.outOfBounds) {
         bool vertical = length(crossY - pos) > length(crossX - pos);
@@ -119,7 +122,8 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
         if (!hit.outOfBounds) block = grid.cell(cx, cy)[0];
         if (block != blockEmpty) {
             if (!entersOpenHalf(block, vertical, dir)) return record(hit, grid, cx, cy, !vertical, point, pos, dir);
-            if (auto meeting = meetHypotenuse(block, cx, cy, pos, dir)) return record(hit, grid, cx, cy, !vertical, *meeting, pos, dir);
+            if (auto meeting = meetHypotenuse(block, cx, cy, pos, dir))
+                return record(hit, grid, cx, cy, !vertical, *meeting, pos, dir);
         }
         if (vertical) {
             nextX += stepX;

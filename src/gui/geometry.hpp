@@ -10,7 +10,7 @@
 
 namespace zv {
 
-inline int toPixels(int64_t v) { return static_cast<int>(std::clamp<int64_t>(v, INT_MIN, INT_MAX)); }
+inline int saturate(int64_t v) { return static_cast<int>(std::clamp<int64_t>(v, INT_MIN, INT_MAX)); }
 
 // Toward zero, as int() does; what no int can hold becomes the nearest one, and NaN 0.
 inline int64_t truncated(double v) {
@@ -23,16 +23,16 @@ inline SDL_Rect intersection(const SDL_Rect& a, const SDL_Rect& b) {
     int left = std::max(a.x, b.x), top = std::max(a.y, b.y);
     int64_t right = std::min(int64_t{a.x} + a.w, int64_t{b.x} + b.w);
     int64_t bottom = std::min(int64_t{a.y} + a.h, int64_t{b.y} + b.h);
-    return {left, top, toPixels(right - left), toPixels(bottom - top)};
+    return {left, top, saturate(right - left), saturate(bottom - top)};
 }
 
 // A margin or padding around a rectangle.
 struct Edges {
     int top, right, bottom, left;
 };
-inline SDL_Rect shrunk(const SDL_Rect& r, const Edges& by) {
-    return {toPixels(int64_t{r.x} + by.left), toPixels(int64_t{r.y} + by.top),
-            toPixels(int64_t{r.w} - by.left - by.right), toPixels(int64_t{r.h} - by.top - by.bottom)};
+inline SDL_Rect inset(const SDL_Rect& r, const Edges& by) {
+    return {saturate(int64_t{r.x} + by.left), saturate(int64_t{r.y} + by.top),
+        saturate(int64_t{r.w} - by.left - by.right), saturate(int64_t{r.h} - by.top - by.bottom)};
 }
 
 }  // namespace zv

@@ -1,4 +1,4 @@
-#include "raycaster/sky.hpp"
+#include "raycaster/core/sky.hpp"
 
 namespace zv {
 

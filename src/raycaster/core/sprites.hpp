@@ -1,6 +1,6 @@
 // Sprites: camera-facing images over the finished walls and flats.
 #pragma once
-#include "raycaster/scene.hpp"
+#include "raycaster/core/scene.hpp"
 
 namespace zv {
 
@@ -10,7 +10,7 @@ struct SpriteFrame {
     int x, y, width, height;  // of the frame in the sheet, in pixels
     double scale, zOffset;    // as in SpriteComponent
     bool shadeless, additive;
-    int fog, groundFog;       // amounts at the sprite's distance
+    int fog, groundFog;  // amounts at the sprite's distance
 };
 
 // Turns world vectors so that the direction of the view becomes +x and what is right of it +y.
@@ -20,6 +20,6 @@ Rotation viewRotation(Point dir);
 // the right. `halfHeight` is that of the unscaled sprite on the screen, in whole rows. A sprite shows in the
 // columns whose wall is farther away.
 void drawSprite(const SpriteFrame& frame, const Fog& fog, const View& view, const Columns& columns, Point place,
-                double halfHeight, const Image& target);
+    double halfHeight, const Image& target);
 
 }  // namespace zv
