@@ -21,7 +21,7 @@ LEAK_TESTS = $(addprefix tests/test_,components.py level.py level_files.py event
 
 SOURCES := $(shell find src -name '*.cpp')
 HEADERS := $(shell find src -name '*.hpp')
-PYTHON_FOLDERS := $(wildcard bench examples scripts tests)
+PYTHON_FOLDERS := $(wildcard bench examples scripts tests tools)
 
 # The folder that holds the interpreter's own installation, and the one that holds its packages. Debian's
 # interpreter, and it alone, works with headers and packages from Debian; where there is none yet, Debian's is coming.
