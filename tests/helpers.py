@@ -116,11 +116,11 @@ class VirtualJoystick:
                 sdl.SDL_JoystickDetachVirtual(index)
 
 
-def runScript(code, **environment):
+def runScript(code, timeout=60, **environment):
     """Runs code in a process of its own and returns the process; stdout and stderr are text."""
     path = [os.path.dirname(zelvarine.__file__), os.path.dirname(__file__)]
     environment = dict(os.environ, PYTHONPATH=os.pathsep.join(path), **environment)
-    return subprocess.run([sys.executable, "-c", code], env=environment, timeout=60,
+    return subprocess.run([sys.executable, "-c", code], env=environment, timeout=timeout,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, universal_newlines=True)
 
 
