@@ -22,15 +22,6 @@ def test_position_and_size(engine):
         assert engine.getWindowPos() == (10, 20) and engine.getWindowSize() == (30, 40)
 
 
-def test_icon(engine, tmp_path):
-    Texture(16, 16).saveFile(str(tmp_path / "ícon.png"))
-    for name in ("ícon.png", "missing.png"):
-        engine.setWindowIcon(str(tmp_path / name))
-    icons = []
-    type("Own", (Engine,), dict(setWindowIcon=lambda self, icon: icons.append(icon)))().init("t", (8, 8), icon="name")
-    assert icons == ["name"]
-
-
 def test_fullscreen(engine):
     def toggled():
         engine.toggleFullscreen()
@@ -66,18 +57,19 @@ def test_flags_of_the_window(engine, arguments, expected):
     assert engine.isMouseCaptured() is False
 
 
-def test_screenshot_has_the_size_of_the_window(engine, tmp_path):
-    target = Texture(64, 48)
+def test_files(engine, tmp_path):
+    target, path = Texture(64, 48), str(tmp_path / "sh\xf6t.bmp")  # PNG all the same
     target.fill((200, 100, 50))
     engine.ecs.addSystem(Renderer(target))
     engine.setWindowSize((128, 96))
     engine.update()
-    path = tmp_path / "shot.bmp"  # PNG all the same
-    engine.saveScreenshot(str(path))
-    assert path.read_bytes()[:4] == b"\x89PNG"
-    shot = Texture(str(path))
+    for name in (path, str(tmp_path / "no" / "such" / "folder.png")):
+        engine.saveScreenshot(name)
+        engine.setWindowIcon(name)
+    with open(path, "rb") as file:
+        assert file.read(4) == b"\x89PNG"
+    shot = Texture(path)
     assert shot.getSize() == (128, 96) and {*memoryview(shot).cast("B").cast("I")} == {0xFFC86432}
-    engine.saveScreenshot(str(tmp_path / "no" / "such" / "folder.png"))
 
 
 @pytest.mark.skipif(not (shutil.which("Xvfb") and shutil.which("xdotool")), reason="needs Debian's xvfb and xdotool")
