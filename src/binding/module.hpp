@@ -30,6 +30,7 @@ public:
 
     // A module-level name as it is now; scripts may have replaced it.
     static Ref<> global(Name& name) { return getAttribute(current, name); }
+    static void setGlobal(Name& name, const Ref<>& value) { setAttribute(current, name, value.raw()); }
 
 private:
     PyObject* object;
@@ -48,6 +49,11 @@ inline Py_ssize_t lengthOf(PyObject* o) {
     Py_ssize_t length = PyObject_Size(o);
     if (length < 0) throw PythonError{};
     return length;
+}
+
+// `a == b`, whatever the objects make of that; unlike in a search, nothing equals itself by being the same.
+inline bool equal(PyObject* a, PyObject* b) {
+    return Convert<bool>::from(Ref<>::steal(PyObject_RichCompare(a, b, Py_EQ)).raw());
 }
 
 // Walks an iterable the way a for loop does.

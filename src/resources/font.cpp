@@ -7,19 +7,20 @@
 
 namespace zv {
 
-void Font::init(Ref<> newFilename, int newSize) {
+void Font::init(Ref<> newFilename, PyObject* newSize) {
     Utf8 path(newFilename.raw());
     Resource::init(newFilename);
+    size = Convert<int>::from(newSize);
+    static int64_t faces = 0;
+    if (font) face = ++faces;
     // SDL_ttf counts in 64ths of a point; a size that it cannot count in them is none that it can open.
-    std::unique_ptr<TTF_Font, FontRelease> opened(TTF_OpenFont(path, std::clamp(newSize, 0, INT_MAX / 64)));
+    std::unique_ptr<TTF_Font, FontRelease> opened(TTF_OpenFont(path, std::clamp(size, 0, INT_MAX / 64)));
     if (!opened) {
         Ref<> reason = Ref<>::steal(PyBytes_FromString(SDL_GetError()));
         raise(PyExc_IOError, "Unable to load font file '%S': %R", newFilename.raw(), reason.raw());
     }
-    static int64_t openedFiles = 0;
     font = std::move(opened);
-    size = newSize;
-    face = ++openedFiles;
+    face = ++faces;
 }
 
 TTF_Font* Font::openFont() const {
@@ -77,11 +78,11 @@ Ref<Texture> Font::renderPage(PyObject* lines, SDL_Color color) const {
         surfaces.push_back(std::move(surface));
     });
     SurfaceHandle page = createSurface(width, Convert<int>::from(toPython(height).raw()));
-    SDL_Rect place{0, 0, 0, 0};
+    int64_t y = 0;
     for (const SurfaceHandle& surface : surfaces) {
-        SDL_Rect target = place;  // the blit clips the rectangle that it is given
-        if (surface) SDL_UpperBlit(surface.get(), nullptr, page.get(), &target);
-        place.y += surface ? surface->h : size;
+        SDL_Rect place{0, static_cast<int>(y), 0, 0};
+        if (surface) SDL_UpperBlit(surface.get(), nullptr, page.get(), &place);
+        y += surface ? surface->h : size;
     }
     return makeTexture(std::move(page));
 }
@@ -89,7 +90,7 @@ Ref<Texture> Font::renderPage(PyObject* lines, SDL_Color color) const {
 void declareFont(Module& module) {
     static const Param color{"color", Required{}, "(r, g, b) or (r, g, b, a)"}, text{"text", Required{}, "str"};
     Class<Font, Resource>("zelvarine.Font", "A font resource. Fonts can be loaded from TTF files.")
-        .init<&Font::init>({{"filename"}, {"size"}})
+        .init<&Font::init>({{"filename"}, {"size", Required{}, "int"}})
         .readonly<&Font::getFontSize>("size", "size in points, int")
         .method<&Font::getFontSize>("getFontSize", {}, "The size in points.")
         .method<&Font::getRenderedTextSize>("getRenderedTextSize", {text},

@@ -8,8 +8,6 @@
 
 namespace zv {
 
-static int soundVolume = MIX_MAX_VOLUME;
-
 // The audio thread runs without Python's lock: this number is all that it hands over.
 static std::atomic<uint32_t> musicStoppedCount{0};
 static_assert(std::atomic<uint32_t>::is_always_lock_free);
@@ -43,9 +41,8 @@ Ref<> SoundHandle::isPlaying() const {
 void Sound::init(Ref<> filepath) {
     Utf8 path(filepath.raw());
     Resource::init(filepath);
-    std::unique_ptr<Mix_Chunk, ChunkRelease> loaded(Mix_LoadWAV_RW(SDL_RWFromFile(path, "rb"), 1));
-    if (!loaded) raise(PyExc_IOError, "Unable to load sound file '%S'", filepath.raw());
-    chunk = std::move(loaded);
+    chunk.reset(Mix_LoadWAV_RW(SDL_RWFromFile(path, "rb"), 1));
+    if (!chunk) raise(PyExc_IOError, "Unable to load sound file '%S'", filepath.raw());
 }
 
 static Ref<SoundHandle> handleOf(int channel) {
@@ -62,7 +59,7 @@ static void setVolumeOfAllChannels(int volume) {
 
 Ref<SoundHandle> Sound::play() {
     int channel = Mix_PlayChannelTimed(-1, chunk.get(), 0, -1);
-    setVolumeOfAllChannels(soundVolume);
+    setVolumeOfAllChannels(Convert<int>::from(Module::global("soundVolume"_name).raw()));
     return handleOf(channel);
 }
 
@@ -72,10 +69,10 @@ Ref<SoundHandle> Sound::loop(int times) {
 }
 
 static void setSoundVolume(int volume) {
-    soundVolume = volume;
+    Module::setGlobal("soundVolume"_name, toPython(volume));
     setVolumeOfAllChannels(volume);
 }
-static int getSoundVolume() { return soundVolume; }
+static Ref<> getSoundVolume() { return Module::global("soundVolume"_name); }
 static void setMusicVolume(int volume) { Mix_VolumeMusic(volume); }
 static int getMusicVolume() { return Mix_VolumeMusic(-1); }
 
@@ -93,9 +90,8 @@ void MusicRelease::operator()(Mix_Music* music) const {
 void Music::init(Ref<> filepath) {
     Utf8 path(filepath.raw());
     Resource::init(filepath);
-    std::unique_ptr<Mix_Music, MusicRelease> loaded(Mix_LoadMUS(path));
-    if (!loaded) raise(PyExc_IOError, "Unable to load music file '%S'", filepath.raw());
-    music = std::move(loaded);
+    music.reset(isPlayable(path) ? Mix_LoadMUS(path) : nullptr);
+    if (!music) raise(PyExc_IOError, "Unable to load music file '%S'", filepath.raw());
 }
 
 // SDL_mixer starts a music after the fade-out of another one, and waits for that inside its call.
@@ -125,10 +121,8 @@ void Music::startOrRaise(int times) {
 }
 
 void Music::play(PyObject* pos) {
-    std::optional<double> seconds;
-    if (pos && pos != Py_None) seconds = Convert<double>::from(pos);
     startOrRaise(1);
-    if (seconds) Mix_SetMusicPosition(position(*seconds));
+    if (pos && pos != Py_None) Mix_SetMusicPosition(position(Convert<double>::from(pos)));
 }
 
 void Music::loop(int times) { startOrRaise(times); }
@@ -188,10 +182,11 @@ void declareSound(Module& module) {
         "zelvarine.MusicStoppedEvent", "The music has ended: by itself, by Music.stop or by a fade-out.")
         .init<&MusicStoppedEvent::init>()
         .addTo(module.raw());
-    module
+    module.constant("soundVolume", MIX_MAX_VOLUME)
         .function<setSoundVolume>("setSoundVolume", {{"volume"}},
             "Sets the volume of all sounds, also of those that play; from 0 to 128, as at the start.")
-        .function<getSoundVolume>("getSoundVolume", {}, "The volume of sounds as last set, 128 at the start.")
+        .function<getSoundVolume>("getSoundVolume", {}, "The volume of sounds as last set, 128 at the start: the value of the module's `soundVolume`, which\n"
+            "scripts may set as well; `Sound.play` applies it.\n@return(int)")
         .function<setMusicVolume>(
             "setMusicVolume", {{"volume"}}, "Sets the volume of the music; from 0 to 128, as at the start.")
         .function<getMusicVolume>("getMusicVolume", {}, "The volume of the music, from 0 to 128.");

@@ -22,12 +22,12 @@ SurfaceHandle createSurface(int w, int h) {
 
 void Texture::init(PyObject* w, PyObject* h) {
     if (isExactly(w, &PyLong_Type) && isExactly(h, &PyLong_Type)) {
-        adopt(createSurface(Convert<int>::from(w), Convert<int>::from(h)));
         Resource::init(toPython(""));
+        adopt(createSurface(Convert<int>::from(w), Convert<int>::from(h)));
     } else if (isExactly(w, &typeOf<Texture>)) {
+        Resource::init(toPython(""));
         const Texture& source = *native<Texture>(w);
         adopt(createSurface(source.getWidth(), source.getHeight()));
-        Resource::init(toPython(""));
         callByName(self(), "copyFrom"_name, w);
     } else {
         loadFile(w);
@@ -117,7 +117,7 @@ static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
         view->readonly = 0;
         view->itemsize = 4;
         view->format = flags & PyBUF_FORMAT ? format : nullptr;
-        view->ndim = 2;
+        view->ndim = flags & PyBUF_ND ? 2 : 1;  // without a shape it is plain bytes
         view->shape = flags & PyBUF_ND ? shape : nullptr;
         view->strides = (flags & PyBUF_STRIDES) == PyBUF_STRIDES ? shape + 2 : nullptr;
         view->suboffsets = nullptr;
@@ -134,7 +134,8 @@ void declareTexture(Module& module) {
         "A software image of 32-bit pixels 0xAARRGGBB.\n\n"
         "Texture(w, h) with two ints is an empty image, transparent black. Texture(texture) copies an image,\n"
         "blending it onto transparent black. Texture(filename) loads an image file; IOError if that fails.\n"
-        "A negative size, or one of more than 2 GiB, raises ValueError; one that memory does not hold EngineSdlException.\n\n"
+        "A negative size, or one of more than 2 GiB, raises ValueError; one that memory does not hold\n"
+        "EngineSdlException.\n\n"
         "The pixels are open to scripts through the buffer protocol: memoryview(texture) and\n"
         "numpy.asarray(texture) are writable views of shape (height, width), one unsigned 32-bit word a\n"
         "pixel, without a copy.")

@@ -44,13 +44,13 @@ Ref<> Ecs::getEntities(Args requiredComponentTypes) {
     return callFunction(builtin("filter"_name).raw(), bound, entities);
 }
 
-Ref<> Ecs::getEntityById(int64_t id) {
-    Ref<> wanted = toPython(id), found;
+Ref<> Ecs::getEntityById(PyObject* id) {
+    Ref<> first;
     forEach(entities.raw(), [&](PyObject* entity) {
-        Ref<> own = getAttribute(entity, "id"_name);
-        if (!found && checked(PyObject_RichCompareBool(own.raw(), wanted.raw(), Py_EQ))) found = Ref<>::borrow(entity);
+        bool fits = equal(getAttribute(entity, "id"_name).raw(), id);  // of all: comparing may run a script
+        if (fits && !first) first = Ref<>::borrow(entity);
     });
-    return found;
+    return first;
 }
 
 void Ecs::addSystem(PyObject* system) {
@@ -87,7 +87,7 @@ void declareEcs(Module& module) {
         .method<&Ecs::getEntities>("getEntities", {},
             "Without arguments the live list of all entities. With component types, an iterator over the\n"
             "entities that have all of them; it can be walked once.")
-        .method<&Ecs::getEntityById>("getEntityById", {{"id"}}, "The first entity of that id, or None.")
+        .method<&Ecs::getEntityById>("getEntityById", {{"id"}}, "The first entity whose id equals `id`, which may be any object, or None.\n@return(object or None)")
         .method<&Ecs::getSystems>("getSystems", {}, "The live list of all systems.\n@return(list)")
         .method<&Ecs::addSystem>("addSystem", {{"system"}},
             "Adds a system, unless it is here already, tells it its Ecs and Engine, and lets the entities join it.")

@@ -21,7 +21,7 @@ struct Ecs : Object {
     void removeEntity(PyObject* entity);
     void removeAllEntities();
     Ref<> getEntities(Args requiredComponentTypes);
-    Ref<> getEntityById(int64_t id);
+    Ref<> getEntityById(PyObject* id);
     Ref<> getSystems() const { return Ref<>::borrow(systems.raw()); }
     void addSystem(PyObject* system);
     void removeSystem(PyObject* system);

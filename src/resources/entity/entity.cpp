@@ -6,11 +6,10 @@ static PyObject* typeOfObject(PyObject* o) { return reinterpret_cast<PyObject*>(
 
 void Entity::init(PyObject* newId, Args newComponents) {
     if (newId && Py_TYPE(newId) != &PyLong_Type) raise(PyExc_ValueError, "Entity ID must be int");
-    int64_t idValue = newId ? Convert<int64_t>::from(newId) : -1;
+    id = newId ? Convert<int64_t>::from(newId) : -1;
     Ref<Dict> byType = Ref<Dict>::steal(PyDict_New());
     for (Py_ssize_t i = 0; i < newComponents.size; i++)
         checked(PyDict_SetItem(byType.raw(), typeOfObject(newComponents.items[i]), newComponents.items[i]));
-    id = idValue;
     components = std::move(byType);
     ecs = {};
 }

@@ -31,9 +31,14 @@ struct Sprite : Object {
     }
     void init(Ref<Texture> newTexture, int newXFrames, int newYFrames, Ref<List> spriteAnimations);
 
-    // Raises StopIteration if there is none.
-    Ref<SpriteAnimation> firstAnimation() const;
+    // Whatever stands first in `animations`; raises StopIteration if nothing does.
+    Ref<> firstAnimation() const;
 };
+
+// The sheet and the component that shows it describe themselves in the same words.
+inline constexpr const char* spriteDoc =
+    "A sprite can be used in an entity inside a level.\n"
+    "It contains information about animations and directional frames";
 
 void declareSprite(Module&);
 

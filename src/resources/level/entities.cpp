@@ -50,9 +50,9 @@ Ref<> Level::createComponent(Ref<Str> componentName, PyObject* component) {
 }
 
 void Level::loadFromDict(PyObject* component, PyObject* input) {
-    Ref<> attributes = getAttribute(component, "__dict__"_name);
     forEach(callByName(input, "items"_name).raw(), [&](PyObject* item) {
         std::vector<Ref<>> pair = unpack(item, 2);
+        Ref<> attributes = getAttribute(component, "__dict__"_name);
         checked(PyObject_SetItem(attributes.raw(), pair[0].raw(), pair[1].raw()));
     });
 }
@@ -71,9 +71,8 @@ Ref<Entity> Level::addEntityFromJson(Ref<Dict> entity) {
 void Level::removeEntityFromJson(Ref<Entity> entity) {
     Ref<List> live = entities;
     Ref<> index = callByName(live.raw(), "index"_name, entity);
-    Ref<> dicts = item(metadata.raw(), "entities");
-    checked(PyObject_DelItem(dicts.raw(), index.raw()));  // fails where the lists do not run parallel
     checked(PyObject_DelItem(live.orNone(), index.raw()));
+    checked(PyObject_DelItem(item(metadata.raw(), "entities").raw(), index.raw()));
 }
 
 void Level::syncEntitiesFromEcs(Ref<Ecs> ecs) {

@@ -36,8 +36,7 @@ void Level::saveFile(Ref<Str> filename) {
 }
 
 void Level::updateEntityMetadata() {
-    Ref<> dicts = Ref<>::steal(PyList_New(0));
-    setItem(metadata.raw(), "entities", dicts);
+    setItem(metadata.raw(), "entities", Ref<>::steal(PyList_New(0)));
     forEach(entities.raw(), [&](PyObject* entity) {
         Ref<> dict = DictBuilder().set("id", getAttribute(entity, "id"_name)).done();
         forEach(callByName(entity, "getComponents"_name).raw(), [&](PyObject* component) {
@@ -50,7 +49,7 @@ void Level::updateEntityMetadata() {
                 : call<&Level::dumpToDict>(*this, component);
             checked(PyDict_SetItem(dict.raw(), name.raw(), dumped.orNone()));
         });
-        checked(PyList_Append(dicts.raw(), dict.raw()));
+        callByName(item(metadata.raw(), "entities").raw(), "append"_name, dict);
     });
 }
 
