@@ -51,11 +51,6 @@ inline Py_ssize_t lengthOf(PyObject* o) {
     return length;
 }
 
-// `a == b`, whatever the objects make of that; unlike in a search, nothing equals itself by being the same.
-inline bool equal(PyObject* a, PyObject* b) {
-    return Convert<bool>::from(Ref<>::steal(PyObject_RichCompare(a, b, Py_EQ)).raw());
-}
-
 // Walks an iterable the way a for loop does.
 template <class F> void forEach(PyObject* iterable, F&& body) {
     Ref<> iterator = Ref<>::steal(PyObject_GetIter(iterable ? iterable : Py_None));

@@ -127,7 +127,8 @@ void declareUIWidget(Module& module) {
             "@return(bool) whether the widget took the click")
         .method<&UIWidget::handleScroll>("_onScroll", {{"event"}},
             "Called for every step of the mouse wheel.\n@return(bool) whether the widget took the event, here False")
-        .method<&UIWidget::getParent>("getParent", {}, "The container that this widget was added to, or None.\n@return(AbstractUIContainer or None)")
+        .method<&UIWidget::getParent>("getParent", {},
+            "The container that this widget was added to, or None.\n@return(AbstractUIContainer or None)")
         .method<&UIWidget::getRenderer>("getRenderer", {}, "The renderer that this widget is attached to, or None.")
         .method<&UIWidget::render>("render", clipParams,
             "Renders the widget. It should be overwritten by deriving classes in order to draw the widget's\n"

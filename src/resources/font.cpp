@@ -1,5 +1,6 @@
 #include "resources/font.hpp"
 
+#include "binding/items.hpp"
 #include "sdl/error.hpp"
 #include "sdl/text.hpp"
 
@@ -71,7 +72,7 @@ Ref<Texture> Font::renderPage(PyObject* lines, SDL_Color color) const {
     int64_t height = 0;
     Ref<> empty = toPython(std::string_view(""));
     forEach(lines, [&](PyObject* line) {
-        bool isEmpty = checked(PyObject_RichCompareBool(line, empty.raw(), Py_EQ)) != 0;
+        bool isEmpty = equal(line, empty.raw());
         SurfaceHandle surface = isEmpty ? nullptr : rendered(line, color);
         width = std::max(width, surface ? surface->w : 0);
         height += surface ? surface->h : size;

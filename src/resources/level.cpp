@@ -109,8 +109,7 @@ void declareLevel(Module& module) {
         .method<&Level::loadMetadata>("_loadMetadata", {{"filename", Required{}, "str"}, {"header", Required{}, "str"}},
             "Replaces the metadata by the JSON text `header`; the grid stays until `_loadFromFile` replaces it.\n"
             "Raises LevelFormatException, with `filename` in it, for an invalid description.")
-        .method<&Level::loadAssets>(
-            "_loadAssets", {},
+        .method<&Level::loadAssets>("_loadAssets", {},
             "Loads the sky, the textures and the sprites that the metadata names. What was loaded before a file that\n"
             "cannot be loaded stays.")
         .method<&Level::convertPath>("_convertPath", {{"path", Required{}, "str"}},

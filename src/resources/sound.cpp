@@ -1,6 +1,7 @@
 #include "resources/sound.hpp"
 
 #include "sdl/error.hpp"
+#include "sdl/musicfile.hpp"
 #include "sdl/text.hpp"
 
 #include <algorithm>
@@ -185,7 +186,8 @@ void declareSound(Module& module) {
     module.constant("soundVolume", MIX_MAX_VOLUME)
         .function<setSoundVolume>("setSoundVolume", {{"volume"}},
             "Sets the volume of all sounds, also of those that play; from 0 to 128, as at the start.")
-        .function<getSoundVolume>("getSoundVolume", {}, "The volume of sounds as last set, 128 at the start: the value of the module's `soundVolume`, which\n"
+        .function<getSoundVolume>("getSoundVolume", {},
+            "The volume of sounds as last set, 128 at the start: the value of the module's `soundVolume`, which\n"
             "scripts may set as well; `Sound.play` applies it.\n@return(int)")
         .function<setMusicVolume>(
             "setMusicVolume", {{"volume"}}, "Sets the volume of the music; from 0 to 128, as at the start.")

@@ -1,6 +1,7 @@
 #include "resources/texture.hpp"
 
 #include "sdl/error.hpp"
+#include "sdl/imagefile.hpp"
 #include "sdl/text.hpp"
 
 #include <SDL_image.h>
@@ -37,7 +38,7 @@ void Texture::init(PyObject* w, PyObject* h) {
 void Texture::loadFile(PyObject* name) {
     Utf8 path(name);
     Resource::init(Ref<>::borrow(name));
-    SurfaceHandle loaded(IMG_Load(path));
+    SurfaceHandle loaded = loadImage(path);
     SurfaceHandle converted;
     if (loaded) converted.reset(SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0));
     if (!converted) raise(PyExc_IOError, "Unable to load image file '%S'", name);

@@ -1,5 +1,7 @@
 #include "resources/entity/ecs.hpp"
 
+#include "binding/items.hpp"
+
 namespace zv {
 
 void Ecs::init(Ref<Engine> owner) { engine = std::move(owner); }
@@ -12,7 +14,7 @@ void Ecs::update(double timeStep) {
 void Ecs::addEntity(PyObject* entity) {
     if (contains(entities.raw(), entity)) return;
     Ref<> id = getAttribute(entity, "id"_name);
-    if (checked(PyObject_RichCompareBool(id.raw(), toPython(-1).raw(), Py_EQ)))
+    if (equal(id.raw(), toPython(-1).raw()))
         setAttribute(entity, "_id"_name, callFunction(builtin("id"_name).raw(), entity).raw());
     forEach(systems.raw(), [&](PyObject* system) { callByName(system, "_updateEntityMembership"_name, entity); });
     callByName(entities.raw(), "append"_name, entity);
@@ -87,7 +89,8 @@ void declareEcs(Module& module) {
         .method<&Ecs::getEntities>("getEntities", {},
             "Without arguments the live list of all entities. With component types, an iterator over the\n"
             "entities that have all of them; it can be walked once.")
-        .method<&Ecs::getEntityById>("getEntityById", {{"id"}}, "The first entity whose id equals `id`, which may be any object, or None.\n@return(object or None)")
+        .method<&Ecs::getEntityById>("getEntityById", {{"id"}},
+            "The first entity whose id equals `id`, which may be any object, or None.\n@return(object or None)")
         .method<&Ecs::getSystems>("getSystems", {}, "The live list of all systems.\n@return(list)")
         .method<&Ecs::addSystem>("addSystem", {{"system"}},
             "Adds a system, unless it is here already, tells it its Ecs and Engine, and lets the entities join it.")

@@ -50,17 +50,19 @@ void declareSprite(Module& module) {
         .init<&SpriteAnimation::init>(
             {{"name", Required{}, "str"}, {"frameCount"}, {"oscillate"}, {"speed"}, {"startFrame"}, {"directions"}})
         .addTo(module.raw());
-    Class<Sprite>("zelvarine.Sprite",
-        spriteDoc)
+    Class<Sprite>("zelvarine.Sprite", spriteDoc)
         .init<&Sprite::init>({{"texture"}, {"xFrames"}, {"yFrames"}, {"spriteAnimations"}})
-        .readonly<&Sprite::texture>("texture", "the sheet, a Texture: columns and rows of equal frames, counted row by row. 0 of them raise\n"
+        .readonly<&Sprite::texture>("texture",
+            "the sheet, a Texture: columns and rows of equal frames, counted row by row. 0 of them raise\n"
             "ZeroDivisionError in the constructor, a negative number ValueError")
-        .readonly<&Sprite::width>("width", "width of a frame in pixels, int. What is left over at the right of the sheet\n"
+        .readonly<&Sprite::width>("width",
+            "width of a frame in pixels, int. What is left over at the right of the sheet\n"
             "belongs to no frame")
-        .readonly<&Sprite::height>("height", "height of a frame in pixels, int. What is left over at the bottom of the\n"
+        .readonly<&Sprite::height>("height",
+            "height of a frame in pixels, int. What is left over at the bottom of the\n"
             "sheet belongs to no frame")
-        .readonly<&Sprite::animations>(
-            "animations", "dict from name to SpriteAnimation, in the order given to the constructor; of animations with the same\n"
+        .readonly<&Sprite::animations>("animations",
+            "dict from name to SpriteAnimation, in the order given to the constructor; of animations with the same\n"
             "name the last one counts")
         .addTo(module.raw());
 }

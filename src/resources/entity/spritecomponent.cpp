@@ -22,13 +22,11 @@ void SpriteComponent::init(
 void SpriteComponent::setBlendMode(PyObject* mode) { blendMode = blendModeOf(mode); }
 
 // Through the property, so that a script's own one hears of it.
-void SpriteComponent::play(const Ref<>& animation) {
-    setAttribute(self(), "currentAnimation"_name, animation.raw());
-}
+void SpriteComponent::play(const Ref<>& animation) { setAttribute(self(), "currentAnimation"_name, animation.raw()); }
 
 void SpriteComponent::setCurrentAnimation(Ref<SpriteAnimation> animation) {
     Ref<SpriteAnimation> current = currentAnimation;
-    if (equal(current.orNone(), animation.orNone())) return;
+    if (equal(current.raw(), animation.raw())) return;
     currentAnimation = animation;
     const SpriteAnimation* chosen = animation.get();
     // The last frame number wraps around like any 32-bit sum; nothing is addressed with it.
@@ -46,8 +44,7 @@ Ref<> SpriteComponent::getCurrentAnimationKey() const {
     Ref<> items = Ref<>::steal(PyDict_Items(animations.raw()));
     for (Py_ssize_t i = 0; i < PyList_GET_SIZE(items.raw()); i++) {
         PyObject* pair = PyList_GET_ITEM(items.raw(), i);
-        if (equal(PyTuple_GET_ITEM(pair, 1), current.orNone()))
-            return Ref<>::borrow(PyTuple_GET_ITEM(pair, 0));
+        if (equal(PyTuple_GET_ITEM(pair, 1), current.raw())) return Ref<>::borrow(PyTuple_GET_ITEM(pair, 0));
     }
     PyErr_SetNone(PyExc_StopIteration);
     throw PythonError{};
@@ -55,13 +52,12 @@ Ref<> SpriteComponent::getCurrentAnimationKey() const {
 
 void SpriteComponent::setCurrentAnimationKey(PyObject* key) {
     Ref<Dict> animations = sprite ? sprite->animations : Ref<Dict>();
-    play(Ref<>::steal(PyObject_GetItem(animations.orNone(), key)));
+    play(item(animations.raw(), key));
 }
 
 void SpriteComponent::loadFromDict(PyObject* level, PyObject* input) {
     Ref<> sprites = getAttribute(level, "_sprites"_name);
-    Ref<> index = item(input, "sprite");
-    sprite = Convert<Ref<Sprite>>::from(Ref<>::steal(PyObject_GetItem(sprites.raw(), index.raw())).raw());
+    sprite = Convert<Ref<Sprite>>::from(item(sprites.raw(), item(input, "sprite").raw()).raw());
     shadeless = itemOr(input, "shadeless", false);
     zOffset = itemOr(input, "zOffset", 0.0);
     scale = itemOr(input, "scale", 1.0);
@@ -89,8 +85,8 @@ void declareSpriteComponent(Module& module) {
     Class<SpriteComponent>("zelvarine.SpriteComponent", spriteDoc)
         .init<&SpriteComponent::init>({{"sprite", None{}}, {"shadeless", false}, {"zOffset", 0.0}, {"scale", 1.0},
             {"blendMode", static_cast<int>(blendAlpha)}})
-        .property<&SpriteComponent::sprite>(
-            "sprite", "the Sprite or None. The constructor plays its first animation, StopIteration if it has none; a new\n"
+        .property<&SpriteComponent::sprite>("sprite",
+            "the Sprite or None. The constructor plays its first animation, StopIteration if it has none; a new\n"
             "sprite leaves the current animation alone")
         .property<&SpriteComponent::sprite>("_sprite", "the same as sprite")
         .property<&SpriteComponent::shadeless>("shadeless", "whether fog leaves the sprite alone")
