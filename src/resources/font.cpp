@@ -1,6 +1,7 @@
 #include "resources/font.hpp"
 
 #include "binding/items.hpp"
+#include "resources/color.hpp"
 #include "sdl/error.hpp"
 #include "sdl/text.hpp"
 
@@ -36,12 +37,9 @@ static std::tuple<int, int> sizeOf(TTF_Font* font, const char* text) {
 }
 
 SDL_Color textColor(PyObject* color) {
-    Py_ssize_t count = lengthOf(color);
-    if (count != 3 && count != 4) raise(PyExc_UnboundLocalError, "local variable 'r' referenced before assignment");
-    std::vector<Ref<>> parts = unpack(color, static_cast<size_t>(count));
-    uint8_t channels[4] = {0, 0, 0, 255};
-    for (size_t i = 0; i < parts.size(); i++) channels[i] = Convert<uint8_t>::from(parts[i].raw());
-    return {channels[0], channels[1], channels[2], channels[3]};
+    auto [r, g, b, a] =
+        channelsOf<uint8_t>(color, PyExc_UnboundLocalError, "local variable 'r' referenced before assignment");
+    return {r, g, b, a};
 }
 
 SurfaceHandle Font::rendered(PyObject* text, SDL_Color color) const {

@@ -20,7 +20,7 @@ void Level::init(Ref<> filename, Ref<> newAssetsPath) {
     Resource::init(filename ? filename : toPython("???"));
     assetsPath = Convert<Ref<Str>>::from(newAssetsPath.orNone());
     if (!filename) {
-        Ref<Texture> checker = create<Texture>(64, 64);
+        Ref<Texture> checker = make<Texture>(64, 64);
         checker->fillChecker();
         std::vector<Ref<Texture>> newCellTextures{checker};
         cellTextures.swap(newCellTextures);

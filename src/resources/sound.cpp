@@ -48,9 +48,7 @@ void Sound::init(Ref<> filepath) {
 
 static Ref<SoundHandle> handleOf(int channel) {
     if (channel < 0) raiseEngine("Unable to play the sound!");
-    Ref<SoundHandle> handle = make<SoundHandle>();
-    handle->init(channel);
-    return handle;
+    return make<SoundHandle>(channel);
 }
 
 // SDL_mixer divides by the number of channels, which may be 0.
@@ -139,7 +137,7 @@ void declareSound(Module& module) {
         "Controls the sound that plays on one channel of the mixer, as Sound.play gives it.\n\n"
         "It stands for the channel: once another sound plays there, it acts on that one. A negative\n"
         "channel stands for none, and a number beyond the engine's channels never plays.")
-        .init<&SoundHandle::init>({{"channel"}})
+        .init<&SoundHandle::channel>({{"channel"}})
         .method<&SoundHandle::stop>("stop", {}, "Ends the sound.")
         .method<&SoundHandle::pause>("pause", {}, "Holds the sound where it is.")
         .method<&SoundHandle::resume>("resume", {}, "Goes on after `pause`.")

@@ -1,5 +1,6 @@
 #include "resources/texture.hpp"
 
+#include "resources/color.hpp"
 #include "sdl/error.hpp"
 #include "sdl/imagefile.hpp"
 #include "sdl/text.hpp"
@@ -59,7 +60,7 @@ void Texture::adopt(SurfaceHandle newSurface) {
 }
 
 Ref<Texture> makeTexture(SurfaceHandle surface) {
-    Ref<Texture> texture = make<Texture>();
+    Ref<Texture> texture = make<Texture>();  // empty, to take over the surface
     texture->Resource::init(toPython(""));
     texture->adopt(std::move(surface));
     return texture;
@@ -76,13 +77,9 @@ Image Texture::image() const {
 }
 
 uint32_t colorWord(PyObject* color) {
-    Py_ssize_t count = lengthOf(color);
-    if (count != 3 && count != 4)
-        raise(PyExc_TypeError, "color must be a tuple of 3 (rgb) or 4 (rgba) integers between 0 and 255");
-    std::vector<Ref<>> parts = unpack(color, static_cast<size_t>(count));
-    uint32_t channels[4] = {0, 0, 0, 255};
-    for (size_t i = 0; i < parts.size(); i++) channels[i] = Convert<uint32_t>::from(parts[i].raw());
-    return channels[0] << 16 | channels[1] << 8 | channels[2] | channels[3] << 24;
+    auto [r, g, b, a] = channelsOf<uint32_t>(
+        color, PyExc_TypeError, "color must be a tuple of 3 (rgb) or 4 (rgba) integers between 0 and 255");
+    return r << 16 | g << 8 | b | a << 24;
 }
 
 void Texture::fill(PyObject* color) {

@@ -17,6 +17,7 @@ _Dict = Dict[str, Any]  # an object of a JSON file
 
 _COMPONENTS: Dict[Any, Any]  # name to class, and class to name
 ASCII_CELLS: List[str]
+soundVolume: int
 
 IMG_INIT_PNG: int
 BLENDMODE_BLEND: int

@@ -4,8 +4,6 @@
 
 namespace zv {
 
-void Ecs::init(Ref<Engine> owner) { engine = std::move(owner); }
-
 void Ecs::update(double timeStep) {
     Ref<> walked = listCopy(systems);
     forEach(walked.raw(), [&](PyObject* system) { callByName(system, "update"_name, timeStep); });
@@ -76,7 +74,7 @@ void Ecs::updateEntityMembership(PyObject* entity) {
 
 void declareEcs(Module& module) {
     Class<Ecs>("zelvarine.Ecs", "The registry of all entities and systems of an engine. `engine` is an Engine or None.")
-        .init<&Ecs::init>({{"engine"}})
+        .init<&Ecs::engine>({{"engine", Required{}, "Engine or None"}})
         .method<&Ecs::update>("update", {{"timeStep"}},
             "Updates every system, in the order in which they were added. `timeStep` is in seconds. An\n"
             "exception from a system leaves at once; the systems after it are skipped.")

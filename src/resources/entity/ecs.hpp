@@ -15,7 +15,6 @@ struct Ecs : Object {
         visit(engine);
     }
 
-    void init(Ref<Engine> owner);
     void update(double timeStep);
     void addEntity(PyObject* entity);
     void removeEntity(PyObject* entity);

@@ -1,5 +1,7 @@
 #include "resources/entity/entity.hpp"
 
+#include "binding/items.hpp"
+
 namespace zv {
 
 static PyObject* typeOfObject(PyObject* o) { return reinterpret_cast<PyObject*>(Py_TYPE(o)); }
@@ -21,7 +23,7 @@ void Entity::membershipChanged() {
 void Entity::addComponent(PyObject* component) {
     Ref<Dict> held = components;  // comparing keys may run a script that replaces the field
     if (contains(held.raw(), typeOfObject(component))) return;
-    checked(PyObject_SetItem(held.orNone(), typeOfObject(component), component));
+    setItem(held.raw(), typeOfObject(component), component);
     membershipChanged();
 }
 
@@ -30,7 +32,7 @@ void Entity::removeComponent(PyObject* component) { removeComponentType(typeOfOb
 void Entity::removeComponentType(PyObject* componentType) {
     Ref<Dict> held = components;
     if (!contains(held.raw(), componentType)) return;
-    checked(PyObject_DelItem(held.orNone(), componentType));
+    deleteItem(held.raw(), componentType);
     membershipChanged();
 }
 

@@ -2,16 +2,6 @@
 
 namespace zv {
 
-void SpriteAnimation::init(
-    PyObject* newName, int newFrameCount, bool newOscillate, double newSpeed, int newStartFrame, int newDirections) {
-    name = Ref<Str>::borrow(checkType<Str>(newName));
-    frameCount = newFrameCount;
-    oscillate = newOscillate;
-    speed = newSpeed;
-    startFrame = newStartFrame;
-    directions = newDirections;
-}
-
 void Sprite::init(Ref<Texture> newTexture, int newXFrames, int newYFrames, Ref<List> spriteAnimations) {
     if (newXFrames == 0 || newYFrames == 0)
         raise(PyExc_ZeroDivisionError, "a sprite sheet needs at least one column and one row");
@@ -47,8 +37,9 @@ void declareSprite(Module& module) {
         "frames show the sprite from all around. `speed` is the part of the whole animation that passes in a\n"
         "second; at the end it starts again or, with `oscillate`, runs back. With `directions` below 1 the\n"
         "sprite is always drawn as seen from its front.")
-        .init<&SpriteAnimation::init>(
-            {{"name", Required{}, "str"}, {"frameCount"}, {"oscillate"}, {"speed"}, {"startFrame"}, {"directions"}})
+        .init<present(&SpriteAnimation::name), &SpriteAnimation::frameCount, &SpriteAnimation::oscillate,
+            &SpriteAnimation::speed, &SpriteAnimation::startFrame, &SpriteAnimation::directions>(
+            {{"name"}, {"frameCount"}, {"oscillate"}, {"speed"}, {"startFrame"}, {"directions"}})
         .addTo(module.raw());
     Class<Sprite>("zelvarine.Sprite", spriteDoc)
         .init<&Sprite::init>({{"texture"}, {"xFrames"}, {"yFrames"}, {"spriteAnimations"}})

@@ -14,8 +14,6 @@ struct SpriteAnimation : Object {
     int directions = 1;  // as the script gave it: 0 or less is possible
 
     void eachRef(RefVisitor& visit) override { visit(name); }
-    void init(
-        PyObject* newName, int newFrameCount, bool newOscillate, double newSpeed, int newStartFrame, int newDirections);
 };
 
 // Frame n is in column n % xFrames and row n / xFrames of the sheet.

@@ -85,20 +85,16 @@ void declareSpriteComponent(Module& module) {
     Class<SpriteComponent>("zelvarine.SpriteComponent", spriteDoc)
         .init<&SpriteComponent::init>({{"sprite", None{}}, {"shadeless", false}, {"zOffset", 0.0}, {"scale", 1.0},
             {"blendMode", static_cast<int>(blendAlpha)}})
-        .property<&SpriteComponent::sprite>("sprite",
+        .property<&SpriteComponent::sprite>({"sprite", "_sprite"},
             "the Sprite or None. The constructor plays its first animation, StopIteration if it has none; a new\n"
             "sprite leaves the current animation alone")
-        .property<&SpriteComponent::sprite>("_sprite", "the same as sprite")
-        .property<&SpriteComponent::shadeless>("shadeless", "whether fog leaves the sprite alone")
-        .property<&SpriteComponent::shadeless>("_shadeless", "the same as shadeless")
+        .property<&SpriteComponent::shadeless>({"shadeless", "_shadeless"}, "whether fog leaves the sprite alone")
         .property<&SpriteComponent::getBlendMode, &SpriteComponent::setBlendMode>(
             "blendMode", "'add' or 'alpha'; anything but 'add' selects plain blending")
         .property<&SpriteComponent::blendMode>("_blendMode", "BLENDMODE_BLEND or, for light, BLENDMODE_ADD, int")
         .property<&SpriteComponent::zOffset>(
-            "zOffset", "how far down the sprite is moved, in halves of its unscaled height, float")
-        .property<&SpriteComponent::zOffset>("_zOffset", "the same as zOffset")
-        .property<&SpriteComponent::scale>("scale", "size factor, float")
-        .property<&SpriteComponent::scale>("_scale", "the same as scale")
+            {"zOffset", "_zOffset"}, "how far down the sprite is moved, in halves of its unscaled height, float")
+        .property<&SpriteComponent::scale>({"scale", "_scale"}, "size factor, float")
         .property<&SpriteComponent::dist>(
             "_dist", "distance to the camera in cells, written by the renderer in each frame, float")
         .property<&SpriteComponent::getCurrentAnimation, &SpriteComponent::setCurrentAnimation>("currentAnimation",
@@ -111,8 +107,7 @@ void declareSpriteComponent(Module& module) {
             "name of the current animation in the sprite's animations. Reading raises StopIteration if it is not\n"
             "among them; setting a name that is not there raises KeyError.")
         .property<&SpriteComponent::animationPercentage>(
-            "animationPercentage", "position in the animation, from 0 to below 1, float")
-        .property<&SpriteComponent::animationPercentage>("_animationPercentage", "the same as animationPercentage")
+            {"animationPercentage", "_animationPercentage"}, "position in the animation, from 0 to below 1, float")
         .property<&SpriteComponent::currentMinFrame>("_currentMinFrame", "number of the animation's first frame, int")
         .property<&SpriteComponent::currentMaxFrame>(
             "_currentMaxFrame", "the first frame plus the number of steps, int")

@@ -92,25 +92,23 @@ Ref<> Level::convertPath(Ref<Str> path) const {
 }
 
 Ref<Texture> Level::loadTexture(PyObject* path) {
-    return create<Texture>(call<&Level::convertPath>(*this, Convert<Ref<Str>>::from(path)));
+    return make<Texture>(call<&Level::convertPath>(*this, Convert<Ref<Str>>::from(path)));
 }
 
 static Ref<SpriteAnimation> animationOf(PyObject* name, PyObject* a) {
-    return create<SpriteAnimation>(name, item(a, "frames"), itemOr(a, "oscillate", toPython(0)),
+    return make<SpriteAnimation>(name, item(a, "frames"), itemOr(a, "oscillate", toPython(0)),
         itemOr(a, "speed", toPython(0.1)), itemOr(a, "startFrame", toPython(0)), itemOr(a, "directions", toPython(1)));
 }
 
 static Ref<> animationsOf(PyObject* sprite) {
     Ref<> animations = Ref<>::steal(PyList_New(0));
     if (!hasItem(sprite, "animations")) {
-        checked(PyList_Append(animations.raw(), create<SpriteAnimation>("_", 1, false, 1, 0, 1).raw()));
+        append(animations.raw(), make<SpriteAnimation>("_", 1, false, 1, 0, 1));
         return animations;
     }
     Ref<> byName = item(sprite, "animations");
-    forEach(byName.raw(), [&](PyObject* name) {
-        Ref<> animation = Ref<>::steal(PyObject_GetItem(byName.raw(), name));
-        checked(PyList_Append(animations.raw(), animationOf(name, animation.raw()).raw()));
-    });
+    forEach(byName.raw(),
+        [&](PyObject* name) { append(animations.raw(), animationOf(name, item(byName.raw(), name).raw())); });
     return animations;
 }
 
@@ -133,7 +131,7 @@ void Level::loadAssets() {
         forEach(item(description, "sprites").raw(), [&](PyObject* sprite) {
             Ref<Texture> sheet = loadTexture(item(sprite, "texture").raw());
             Ref<> animations = animationsOf(sprite);
-            Ref<Sprite> made = create<Sprite>(
+            Ref<Sprite> made = make<Sprite>(
                 sheet, itemOr(sprite, "xFrames", toPython(1)), itemOr(sprite, "yFrames", toPython(1)), animations);
             callByName(sprites.raw(), "append"_name, made);
         });

@@ -43,7 +43,7 @@ void Level::updateEntityMetadata() {
             auto* type = reinterpret_cast<PyObject*>(Py_TYPE(component));
             bool isDummy = type == Module::global("DummyComponent"_name).raw();
             Ref<> name = isDummy ? getAttribute(component, "typeName"_name)
-                                 : Ref<>::steal(PyObject_GetItem(Module::global("_COMPONENTS"_name).raw(), type));
+                                 : item(Module::global("_COMPONENTS"_name).raw(), type);
             Ref<> dumped = !isDummy && hasAttribute(component, "dumpToDict"_name)
                 ? callByName(component, "dumpToDict"_name, *this)
                 : call<&Level::dumpToDict>(*this, component);
@@ -68,7 +68,7 @@ Ref<> Level::dumpToDict(PyObject* object) {
     }
     if (hasAttribute(value.raw(), "__iter__"_name) && !PyUnicode_CheckExact(value.raw())) {
         Ref<> list = Ref<>::steal(PyList_New(0));
-        forEach(value.raw(), [&](PyObject* inner) { checked(PyList_Append(list.raw(), dumped(inner).orNone())); });
+        forEach(value.raw(), [&](PyObject* inner) { append(list.raw(), dumped(inner)); });
         return list;
     }
     return value;
