@@ -3,10 +3,10 @@
 # The interpreter to build for and to test with, and the folder that the build goes to.
 PYTHON = $(firstword $(wildcard /usr/bin/python3) python3)
 BUILD = build
-# Arguments handed to `make demo`, `make test` and `make bench`.
+# Arguments handed to `make demo`, `make test`, `make bench` and `make fuzz`.
 ARGS =
-# Installs missing Debian packages; `PACKAGES=:` skips that.
-PACKAGES = scripts/install-packages
+# Looks for Debian packages, and installs what is missing; `PACKAGES=:` skips that.
+PACKAGES = scripts/packages
 
 CMAKE_OPTIONS = -DZELVARINE_WERROR=ON
 JOBS = $(shell nproc 2>/dev/null || echo 2)
@@ -15,13 +15,15 @@ HEADLESS = SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy
 # The interpreter itself is built without sanitizers: their runtime, and what they intercept, come in front of it.
 SANITIZED = PYTHONMALLOC=malloc LD_PRELOAD="$(foreach library,libasan libstdc++,$(shell g++ -print-file-name=$(library).so))" \
 	UBSAN_OPTIONS=print_stacktrace=1 ASAN_OPTIONS=leak_check_at_exit=0:allocator_may_return_null=1
+SANITIZED_BUILD = BUILD=build-asan CMAKE_OPTIONS="$(CMAKE_OPTIONS) -DZELVARINE_SANITIZE=ON"
 # Short, but enough to tell who asked for the memory.
 EXACT_STACKS = fast_unwind_on_malloc=0:malloc_context_size=10
-LEAK_TESTS = $(addprefix tests/test_,components.py level.py level_files.py events.py vector.py font.py theme.py stubs.py raycaster_hostile.py)
+LEAK_TESTS = $(addprefix tests/test_,components.py level.py level_files.py events.py vector.py font.py theme.py class_layer.py raycaster_hostile.py)
 
 SOURCES := $(shell find src -name '*.cpp')
 HEADERS := $(shell find src -name '*.hpp')
-PYTHON_FOLDERS := $(wildcard bench examples scripts tests)
+CLANG_FORMAT = clang-format-19
+PYTHON_FOLDERS := $(wildcard bench examples scripts tests tools)
 
 # The folder that holds the interpreter's own installation, and the one that holds its packages. Debian's
 # interpreter, and it alone, works with headers and packages from Debian; where there is none yet, Debian's is coming.
@@ -29,18 +31,34 @@ PREFIXES := $(shell $(PYTHON) -c 'import sys; print(sys.base_prefix, sys.prefix)
 HAS_DEBIAN_HEADERS := $(filter /usr,$(firstword $(PREFIXES)))
 HAS_DEBIAN_MODULES := $(filter /usr,$(lastword $(PREFIXES)))
 
+BUILD_PACKAGES = g++ cmake libsdl2-dev libsdl2-image-dev libsdl2-mixer-dev libsdl2-ttf-dev $(if $(HAS_DEBIAN_HEADERS),python3-dev)
+DEMO_PACKAGES = fonts-dejavu-core
+TEST_PACKAGES = xvfb xdotool $(if $(HAS_DEBIAN_MODULES),python3-pytest python3-numpy)
+STUBS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-mypy)
+LINT_PACKAGES = $(CLANG_FORMAT) clang-tidy
+# A make of its own for what comes after an installation, which may have brought the interpreter.
+AGAIN = @$(MAKE) --no-print-directory
+
 .DEFAULT_GOAL = build
-.PHONY: help build demo test bench lint format asan stubs all build-packages demo-packages test-packages lint-packages
+.PHONY: help setup build demo test test-setup bench lint format asan fuzz asan-fuzz stubs all
 
 help: ## list the targets
-	@sed -n 's/^\([a-z]*\):.*## /\1|/p' Makefile | awk -F'|' '{ printf "  make %-8s %s\n", $$1, $$2 }'
+	@sed -n 's/^\([a-z-]*\):.*## /\1|/p' Makefile | awk -F'|' '{ printf "  make %-9s %s\n", $$1, $$2 }'
 	@echo
 	@echo "  PYTHON=$(PYTHON)   the interpreter to build for; give another one a BUILD folder of its own"
 	@echo "  BUILD=$(BUILD)   where the importable module goes"
-	@echo "  ARGS='...'   arguments for demo, test (pytest) and bench"
-	@echo "  PACKAGES=:   do not install missing Debian packages"
+	@echo "  ARGS='...'   arguments for demo, test (pytest), bench and fuzz"
+	@echo "  PACKAGES=:   neither look for Debian packages nor install any"
 
-build: build-packages ## build the module into BUILD (the default target)
+setup: ## install the Debian packages that building and the demo need
+	@$(PACKAGES) install $(BUILD_PACKAGES) $(DEMO_PACKAGES)
+
+test-setup: setup
+	@$(PACKAGES) install $(TEST_PACKAGES)
+	@$(PYTHON) -c 'import pytest, numpy' || { echo "The tests need two packages: $(PYTHON) -m pip install pytest numpy" >&2; exit 1; }
+
+build: ## build the module into BUILD (the default target); installs nothing
+	@$(PACKAGES) check $(BUILD_PACKAGES)
 	@mkdir -p "$(BUILD)"
 	@# What CMake remembers belongs to one interpreter.
 	@$(PYTHON) -c 'import sys; print(sys.executable, sys.version)' >"$(BUILD)/interpreter.new"
@@ -49,48 +67,55 @@ build: build-packages ## build the module into BUILD (the default target)
 	@cmake -S . -B "$(BUILD)" --log-level=NOTICE -DPython_EXECUTABLE="$$($(PYTHON) -c 'import sys; print(sys.executable)')" $(CMAKE_OPTIONS)
 	@env -u MAKEFLAGS -u MAKELEVEL cmake --build "$(BUILD)" --parallel $(JOBS)
 
-demo: build demo-packages ## walk through the demo level; without a display it saves pictures (ARGS=--help tells the options)
+demo: setup ## walk through the demo level; without a display it saves pictures (ARGS=--help tells the options)
+	$(AGAIN) build
 	$(RUN) examples/walk.py $(ARGS)
 
-test: build test-packages ## run the tests, without a window or sound
+test: test-setup ## run the tests, without a window or sound
+	$(AGAIN) build
 	$(HEADLESS) $(RUN) -m pytest -q tests $(ARGS)
 
-bench: build test-packages ## time frames and movement
+bench: test-setup ## time frames and movement
+	$(AGAIN) build
 	$(HEADLESS) $(RUN) bench/bench.py $(ARGS)
 
-lint: build lint-packages stubs ## check layers, C++ and Python sources, and stubs
+lint: ## check layers, layout, C++ and Python sources, and stubs
+	@$(PACKAGES) install $(BUILD_PACKAGES) $(LINT_PACKAGES)
+	$(AGAIN) build stubs
 	scripts/check_layers.py
+	@$(CLANG_FORMAT) --dry-run --Werror $(SOURCES) $(HEADERS) || { echo "make format lays these lines out" >&2; exit 1; }
+	@# What clang-format cannot break is for people to shorten.
+	@! LC_ALL=C.UTF-8 grep -HnE '^.{121,}' $(SOURCES) $(HEADERS) || { echo "longer than 120 columns" >&2; exit 1; }
 	$(PYTHON) -m compileall -q $(PYTHON_FOLDERS)
-	@$(MAKE) --no-print-directory --jobs=$(JOBS) $(SOURCES:src/%.cpp=$(BUILD)/tidy/%)
+	$(AGAIN) --jobs=$(JOBS) $(SOURCES:src/%.cpp=$(BUILD)/tidy/%)
 
 # One empty file for each source that clang-tidy has found nothing in.
 $(BUILD)/tidy/%: src/%.cpp $(HEADERS) .clang-tidy
 	clang-tidy --quiet -p "$(BUILD)" $<
 	@mkdir -p $(@D) && touch $@
 
-format: lint-packages ## lay out the lines of C++ that are changed and not committed yet
-	git clang-format --extensions cpp,hpp
+format: ## lay out the lines of all C++
+	@$(PACKAGES) install $(CLANG_FORMAT)
+	$(CLANG_FORMAT) -i $(SOURCES) $(HEADERS)
 
 # All tests for faults, then a few that make an object of everything for leaks: exact stacks cost much time.
-asan: test-packages ## run the tests under the address and undefined-behaviour sanitizers, then look for leaks
-	@$(MAKE) --no-print-directory build BUILD=build-asan CMAKE_OPTIONS="$(CMAKE_OPTIONS) -DZELVARINE_SANITIZE=ON"
+asan: test-setup ## run the tests under the address and undefined-behaviour sanitizers, then look for leaks
+	$(AGAIN) build $(SANITIZED_BUILD)
 	PYTHONPATH=build-asan $(HEADLESS) $(SANITIZED) $(PYTHON) -m pytest -q --capture=sys tests $(ARGS)
 	PYTHONPATH=build-asan $(HEADLESS) $(SANITIZED):$(EXACT_STACKS) $(PYTHON) scripts/check_leaks.py -q --capture=sys $(LEAK_TESTS)
 
-stubs: build test-packages ## check that the type stubs and the module agree
-	$(HEADLESS) $(RUN) -m pytest -q tests/test_stubs.py
+fuzz: setup ## attack the module with hostile calls and damaged files (ARGS="--seconds 3600", see --help)
+	$(AGAIN) build
+	$(RUN) scripts/fuzz.py $(ARGS)
+
+asan-fuzz: setup ## the same under the sanitizers
+	$(AGAIN) build $(SANITIZED_BUILD)
+	PYTHONPATH=build-asan $(SANITIZED) $(PYTHON) scripts/fuzz.py $(ARGS)
+
+stubs: build ## check that the type stubs and the module agree
+	@$(PACKAGES) install $(STUBS_PACKAGES)
+	@# The checker finds the stubs of a module under its own name only.
+	@mkdir -p "$(BUILD)/stubs" && ln -sfn "$(abspath stubs/zelvarine-stubs)" "$(BUILD)/stubs/zelvarine"
+	MYPYPATH="$(BUILD)/stubs" $(HEADLESS) $(RUN) -m mypy.stubtest zelvarine --allowlist stubs/allowlist.txt
 
 all: build lint test asan ## everything above that can fail
-
-build-packages:
-	@$(PACKAGES) g++ cmake libsdl2-dev libsdl2-image-dev libsdl2-mixer-dev libsdl2-ttf-dev $(if $(HAS_DEBIAN_HEADERS),python3-dev)
-
-demo-packages:
-	@$(PACKAGES) fonts-dejavu-core
-
-test-packages:
-	@$(PACKAGES) fonts-dejavu-core xvfb xdotool $(if $(HAS_DEBIAN_MODULES),python3-pytest python3-numpy)
-	@$(PYTHON) -c 'import pytest, numpy' || { echo "The tests need two packages: $(PYTHON) -m pip install pytest numpy" >&2; exit 1; }
-
-lint-packages:
-	@$(PACKAGES) clang-format clang-tidy

@@ -26,6 +26,7 @@ A gamepad's sticks walk and turn, too.
 def main():
     options = parse_options()
     display.choose_drivers(options.headless, options.silent)
+    # Not before the drivers are chosen: the import of zelvarine opens the screen and the audio device.
     from abbey.controls import Controls
     from abbey.files import Files
     from abbey.game import Game, LEVEL_ERRORS

@@ -14,6 +14,7 @@ from shared import display, places
 def main():
     options = parse_options()
     display.choose_drivers(options.headless, silent=True)
+    # Not before the drivers are chosen: the import of zelvarine opens the screen and the audio device.
     from gallery.script import play
     from gallery.window import Gallery
     from shared.fonts import FontNotFound

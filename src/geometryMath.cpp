@@ -18,8 +18,8 @@ void Vector2::set(const Vector2& other) { assign(other.point()); }
 void Vector2::add(const Vector2& other) { assign(point() + other.point()); }
 void Vector2::sub(const Vector2& other) { assign(point() - other.point()); }
 void Vector2::scale(PyObject* factor) {
-    Point scaled{product(x, factor), product(y, factor)};
-    assign(scaled);
+    x = product(x, factor);
+    y = product(y, factor);
 }
 
 void Vector2::rotate(double angle) { assign(Rotation(angle * degreesToRadians)(point())); }

@@ -14,7 +14,7 @@ import zelvarine
 # Looked up through the module: this is the very SDL that it runs on.
 sdl = ctypes.CDLL(zelvarine.__file__)
 sdl.SDL_GetKeyboardState.restype = ctypes.POINTER(ctypes.c_uint8)
-sdl.SDL_GetKeyName.restype = ctypes.c_char_p
+sdl.SDL_GetKeyName.restype = sdl.SDL_GetWindowTitle.restype = ctypes.c_char_p
 for function in ("SDL_JoystickFromInstanceID", "SDL_GetWindowFromID"):
     getattr(sdl, function).restype = ctypes.c_void_p
 
@@ -49,10 +49,13 @@ def pushWheel(x, y):
     _push("IIIIiiI", 0x403, 0, 0, 0, x, y, 0)
 
 
+def newestWindow():
+    return ctypes.c_void_p(next(filter(None, map(sdl.SDL_GetWindowFromID, range(10000, 0, -1)))))
+
+
 def moveMouse(x, y):
     """Moves the mouse over the newest window, as far as SDL is concerned."""
-    window = next(filter(None, map(sdl.SDL_GetWindowFromID, range(10000, 0, -1))))
-    sdl.SDL_WarpMouseInWindow(ctypes.c_void_p(window), x, y)
+    sdl.SDL_WarpMouseInWindow(newestWindow(), x, y)
 
 
 def flushEvents():
@@ -113,11 +116,11 @@ class VirtualJoystick:
                 sdl.SDL_JoystickDetachVirtual(index)
 
 
-def runScript(code, **environment):
+def runScript(code, timeout=60, **environment):
     """Runs code in a process of its own and returns the process; stdout and stderr are text."""
     path = [os.path.dirname(zelvarine.__file__), os.path.dirname(__file__)]
     environment = dict(os.environ, PYTHONPATH=os.pathsep.join(path), **environment)
-    return subprocess.run([sys.executable, "-c", code], env=environment, timeout=60,
+    return subprocess.run([sys.executable, "-c", code], env=environment, timeout=timeout,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, universal_newlines=True)
 
 

@@ -8,7 +8,7 @@ import pytest
 
 import helpers
 import zelvarine
-from zelvarine import Engine, EngineException, EngineSdlException, Event, KeyEvent, Renderer, Texture
+from zelvarine import Engine, EngineSdlException, KeyEvent, Renderer, Texture
 
 
 def addSystem(engine, function):
@@ -20,9 +20,6 @@ def addSystem(engine, function):
 
 def test_before_and_after_init():
     engine = Engine()
-    with pytest.raises(EngineException) as error:
-        engine.update()
-    assert str(error.value) == 'EngineException("The engine is not initialized, yet.Call init method first.")'
     engine.run()  # returns at once
     for size in ((64, 48), [20.9, 10.9]):  # the second window replaces the first one
         engine.init("t", size)
@@ -30,16 +27,39 @@ def test_before_and_after_init():
         assert (engine.getFps(), engine.getTimeStep()) == (0.0, 0.016666666666666666)
 
 
-@pytest.mark.parametrize("arguments, error, message", [
-    (dict(size=(10 ** 5, 10)), EngineSdlException, "Could not initialize the window."),
-    (dict(size=(-5, 10)), EngineSdlException, "Could not initialize the picture of the window."),
-    (dict(windowid=7), EngineSdlException, "Could not initialize the rendering subsystem"),
+@pytest.mark.parametrize("arguments, error, message, size", [
+    (dict(size=(10 ** 5, 10)), EngineSdlException, "Could not initialize the window.", (0, 0)),
+    (dict(size=(-5, 10)), EngineSdlException, "Could not initialize the picture of the window.", (1, 10)),
+    (dict(windowid=7, title="\ud800"), EngineSdlException, "Could not initialize the rendering subsystem", (0, 0)),
+    (dict(title="\ud800"), UnicodeEncodeError, "surrogates", (0, 0)),
 ])
-def test_failing_init(arguments, error, message):
-    engine = Engine()
+def test_init_that_fails_with_the_window(engine, arguments, error, message, size):
     with pytest.raises(error, match=message):
-        engine.init(**dict(dict(title="t", size=(64, 48)), **arguments))
-    assert not engine.isRunning() and engine.getWindowSize() == (0, 0)
+        engine.init(**dict(dict(title="t", size=(64, 48), captureMouse=True), **arguments))
+    assert not engine.isRunning() and engine.getWindowSize() == size and engine.isMouseCaptured()
+    engine.captureMouse(False)
+
+
+def test_init_that_fails_before_the_window(engine):
+    with pytest.raises(ValueError):
+        engine.init("t", (1, 2, 3), audioChannels=33, killWithEscapeKey=False)
+    assert helpers.sdl.Mix_AllocateChannels(-1) == 33
+    helpers.pushKey(zelvarine.KEY_ESCAPE)
+    engine.update()
+    assert engine.isRunning() and engine.getWindowSize() == (64, 48)
+
+
+def test_ctrl_c_ends_run():
+    result = helpers.runScript("""
+import os, signal, threading, zelvarine
+engine = zelvarine.Engine()
+engine.init("t", (8, 8))
+threading.Timer(0.2, os.kill, (os.getpid(), signal.SIGINT)).start()
+try:
+    engine.run(100000)
+except KeyboardInterrupt:
+    print("ended")""")
+    assert (result.stdout, result.stderr) == ("ended\n", "")
 
 
 @pytest.mark.parametrize("stop", [helpers.pushQuit, lambda: helpers.pushKey(zelvarine.KEY_ESCAPE)])

@@ -79,6 +79,12 @@ def test_handler_that_raises(engine):
     assert "zelvarine.Engine._updateInput" in reports.getvalue() and "ZeroDivisionError" in reports.getvalue()
     engine.update()
     assert len(clicks) == 1
+    engine.subscribeEvent(MouseClickEvent, int)  # raises without a line of Python
+    helpers.pushButton(1, 1)
+    with helpers.unraisableReports() as reports:
+        engine.update()
+    assert "Traceback" in reports.getvalue() and "in test_handler_that_raises" in reports.getvalue()
+    assert "TypeError: int() argument must be" in reports.getvalue()
 
 
 @pytest.mark.parametrize("windowSize, click, expected", [

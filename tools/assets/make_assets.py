@@ -12,7 +12,7 @@ import zlib
 
 import numpy as np
 
-from asset_tools import flats, hud, place, png, sky, sounds, sprites, tileset, walls
+from workshop import flats, hud, place, png, sky, sounds, sprites, tileset, walls
 
 
 def seed(name):
@@ -79,5 +79,5 @@ def write_all(folder):
 
 
 if __name__ == "__main__":
-    default = os.path.join(os.path.dirname(os.path.abspath(__file__)), "assets")
-    write_all(sys.argv[1] if len(sys.argv) > 1 else default)
+    root = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+    write_all(sys.argv[1] if len(sys.argv) > 1 else os.path.join(root, "examples", "assets"))
