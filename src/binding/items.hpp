@@ -8,9 +8,9 @@ inline PyObject* orNone(PyObject* o) { return o ? o : Py_None; }
 
 // a < b, a <= b and so on; `operation` is Py_LT, Py_LE ...
 inline bool compare(PyObject* a, int operation, PyObject* b) {
-    return checked(PyObject_RichCompareBool(orNone(a), orNone(b), operation)) != 0;
+    return Convert<bool>::from(Ref<>::steal(PyObject_RichCompare(orNone(a), orNone(b), operation)).raw());
 }
-// a is b or a == b
+// a == b; unlike in a search, an object need not equal itself
 inline bool equal(PyObject* a, PyObject* b) { return compare(a, Py_EQ, b); }
 
 // d[key], with Python's KeyError

@@ -30,6 +30,7 @@ public:
 
     // A module-level name as it is now; scripts may have replaced it.
     static Ref<> global(Name& name) { return getAttribute(current, name); }
+    static void setGlobal(Name& name, const Ref<>& value) { setAttribute(current, name, value.raw()); }
 
 private:
     PyObject* object;

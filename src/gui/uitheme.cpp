@@ -40,7 +40,7 @@ void UITheme::init(PyObject* filename) {
         Ref<> entry = Ref<>::steal(PyObject_GetItem(fontEntries.raw(), name));
         Ref<> file = pathIn(folder, item(entry.raw(), "file"));
         Ref<Font> font = make<Font>();
-        font->init(file, Convert<int>::from(item(entry.raw(), "size").raw()));
+        font->init(file, item(entry.raw(), "size").raw());
         setItem(newFonts, name, toPython(font));
     });
     Ref<> colorEntries = item(theme.raw(), "colors");

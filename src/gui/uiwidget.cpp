@@ -116,7 +116,7 @@ bool UIWidget::pointInRect(double pointX, double pointY, double rectX, double re
 void declareUIWidget(Module& module) {
     Class<UIWidget>("zelvarine.UIWidget", "UIWidget is the abstract base class for every UI control.")
         .init<&UIWidget::init>()
-        .method<&UIWidget::setParent>("_setParent", {{"parent"}},
+        .method<&UIWidget::setParent>("_setParent", {{"parent", Required{}, "AbstractUIContainer or None"}},
             "Called when the widget joins a container: it takes the container's renderer. With None it keeps the\n"
             "renderer that it has.")
         .method<&UIWidget::setMargin>("setMargin", {},
@@ -127,7 +127,8 @@ void declareUIWidget(Module& module) {
             "@return(bool) whether the widget took the click")
         .method<&UIWidget::handleScroll>("_onScroll", {{"event"}},
             "Called for every step of the mouse wheel.\n@return(bool) whether the widget took the event, here False")
-        .method<&UIWidget::getParent>("getParent", {}, "The container that this widget was added to, or None.")
+        .method<&UIWidget::getParent>("getParent", {},
+            "The container that this widget was added to, or None.\n@return(AbstractUIContainer or None)")
         .method<&UIWidget::getRenderer>("getRenderer", {}, "The renderer that this widget is attached to, or None.")
         .method<&UIWidget::render>("render", clipParams,
             "Renders the widget. It should be overwritten by deriving classes in order to draw the widget's\n"

@@ -1,5 +1,7 @@
 #include "resources/font.hpp"
 
+#include "binding/items.hpp"
+#include "resources/color.hpp"
 #include "sdl/error.hpp"
 #include "sdl/text.hpp"
 
@@ -7,19 +9,20 @@
 
 namespace zv {
 
-void Font::init(Ref<> newFilename, int newSize) {
+void Font::init(Ref<> newFilename, PyObject* newSize) {
     Utf8 path(newFilename.raw());
     Resource::init(newFilename);
+    size = Convert<int>::from(newSize);
+    static int64_t faces = 0;
+    if (font) face = ++faces;
     // SDL_ttf counts in 64ths of a point; a size that it cannot count in them is none that it can open.
-    std::unique_ptr<TTF_Font, FontRelease> opened(TTF_OpenFont(path, std::clamp(newSize, 0, INT_MAX / 64)));
+    std::unique_ptr<TTF_Font, FontRelease> opened(TTF_OpenFont(path, std::clamp(size, 0, INT_MAX / 64)));
     if (!opened) {
         Ref<> reason = Ref<>::steal(PyBytes_FromString(SDL_GetError()));
         raise(PyExc_IOError, "Unable to load font file '%S': %R", newFilename.raw(), reason.raw());
     }
-    static int64_t openedFiles = 0;
     font = std::move(opened);
-    size = newSize;
-    face = ++openedFiles;
+    face = ++faces;
 }
 
 TTF_Font* Font::openFont() const {
@@ -34,12 +37,9 @@ static std::tuple<int, int> sizeOf(TTF_Font* font, const char* text) {
 }
 
 SDL_Color textColor(PyObject* color) {
-    Py_ssize_t count = lengthOf(color);
-    if (count != 3 && count != 4) raise(PyExc_UnboundLocalError, "local variable 'r' referenced before assignment");
-    std::vector<Ref<>> parts = unpack(color, static_cast<size_t>(count));
-    uint8_t channels[4] = {0, 0, 0, 255};
-    for (size_t i = 0; i < parts.size(); i++) channels[i] = Convert<uint8_t>::from(parts[i].raw());
-    return {channels[0], channels[1], channels[2], channels[3]};
+    auto [r, g, b, a] =
+        channelsOf<uint8_t>(color, PyExc_UnboundLocalError, "local variable 'r' referenced before assignment");
+    return {r, g, b, a};
 }
 
 SurfaceHandle Font::rendered(PyObject* text, SDL_Color color) const {
@@ -70,18 +70,18 @@ Ref<Texture> Font::renderPage(PyObject* lines, SDL_Color color) const {
     int64_t height = 0;
     Ref<> empty = toPython(std::string_view(""));
     forEach(lines, [&](PyObject* line) {
-        bool isEmpty = checked(PyObject_RichCompareBool(line, empty.raw(), Py_EQ)) != 0;
+        bool isEmpty = equal(line, empty.raw());
         SurfaceHandle surface = isEmpty ? nullptr : rendered(line, color);
         width = std::max(width, surface ? surface->w : 0);
         height += surface ? surface->h : size;
         surfaces.push_back(std::move(surface));
     });
     SurfaceHandle page = createSurface(width, Convert<int>::from(toPython(height).raw()));
-    SDL_Rect place{0, 0, 0, 0};
+    int64_t y = 0;
     for (const SurfaceHandle& surface : surfaces) {
-        SDL_Rect target = place;  // the blit clips the rectangle that it is given
-        if (surface) SDL_UpperBlit(surface.get(), nullptr, page.get(), &target);
-        place.y += surface ? surface->h : size;
+        SDL_Rect place{0, static_cast<int>(y), 0, 0};
+        if (surface) SDL_UpperBlit(surface.get(), nullptr, page.get(), &place);
+        y += surface ? surface->h : size;
     }
     return makeTexture(std::move(page));
 }
@@ -89,7 +89,7 @@ Ref<Texture> Font::renderPage(PyObject* lines, SDL_Color color) const {
 void declareFont(Module& module) {
     static const Param color{"color", Required{}, "(r, g, b) or (r, g, b, a)"}, text{"text", Required{}, "str"};
     Class<Font, Resource>("zelvarine.Font", "A font resource. Fonts can be loaded from TTF files.")
-        .init<&Font::init>({{"filename"}, {"size"}})
+        .init<&Font::init>({{"filename"}, {"size", Required{}, "int"}})
         .readonly<&Font::getFontSize>("size", "size in points, int")
         .method<&Font::getFontSize>("getFontSize", {}, "The size in points.")
         .method<&Font::getRenderedTextSize>("getRenderedTextSize", {text},

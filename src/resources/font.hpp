@@ -11,13 +11,13 @@ struct FontRelease {
 };
 
 struct Font : Resource {
-    void init(Ref<> filename, int newSize);
+    void init(Ref<> filename, PyObject* newSize);
     int getFontSize() const { return size; }
     std::tuple<int, int> getRenderedTextSize(PyObject* text) const;
     Ref<Texture> render(PyObject* text, PyObject* color) const;
     Ref<Texture> renderLines(PyObject* lines, PyObject* color) const;
 
-    // The number of the file that is open, another one for each that was opened; 0 before.
+    // The number of what is open at its size, another one after each change; 0 while nothing is open.
     int64_t face = 0;
     Ref<Texture> renderPage(PyObject* lines, SDL_Color color) const;
 

@@ -16,11 +16,11 @@ void Level::eachRef(RefVisitor& visit) {
     visit(assetsPath);
 }
 
-void Level::init(Ref<> filename, Ref<Str> newAssetsPath) {
+void Level::init(Ref<> filename, Ref<> newAssetsPath) {
     Resource::init(filename ? filename : toPython("???"));
-    assetsPath = std::move(newAssetsPath);
+    assetsPath = Convert<Ref<Str>>::from(newAssetsPath.orNone());
     if (!filename) {
-        Ref<Texture> checker = create<Texture>(64, 64);
+        Ref<Texture> checker = make<Texture>(64, 64);
         checker->fillChecker();
         std::vector<Ref<Texture>> newCellTextures{checker};
         cellTextures.swap(newCellTextures);
@@ -109,8 +109,9 @@ void declareLevel(Module& module) {
         .method<&Level::loadMetadata>("_loadMetadata", {{"filename", Required{}, "str"}, {"header", Required{}, "str"}},
             "Replaces the metadata by the JSON text `header`; the grid stays until `_loadFromFile` replaces it.\n"
             "Raises LevelFormatException, with `filename` in it, for an invalid description.")
-        .method<&Level::loadAssets>(
-            "_loadAssets", {}, "Loads the sky, the textures and the sprites that the metadata names.")
+        .method<&Level::loadAssets>("_loadAssets", {},
+            "Loads the sky, the textures and the sprites that the metadata names. What was loaded before a file that\n"
+            "cannot be loaded stays.")
         .method<&Level::convertPath>("_convertPath", {{"path", Required{}, "str"}},
             "The path of an asset: a relative one starts from `_assetsPath`.\n@return(str)")
         .method<&Level::createComponent>("createComponent",
@@ -139,7 +140,7 @@ void declareLevel(Module& module) {
             "metadata have no 'entities'.\n@return(Entity)")
         .method<&Level::removeEntityFromJson>("removeEntityFromJson", {{"entity"}},
             "Removes an entity and, at the same place, its dict in the metadata. Raises ValueError if it is not\n"
-            "in the level, KeyError or IndexError if the metadata do not have it; both lists are then unchanged.")
+            "in the level, which then is unchanged, KeyError or IndexError if the metadata do not have it.")
         .method<&Level::syncEntitiesFromEcs>("syncEntitiesFromEcs", {{"ecs"}},
             "Replaces the level's entities by those of the Ecs; they are shared, not copied.")
         .method<&Level::syncEntitiesToEcs>("syncEntitiesToEcs", {{"ecs"}},

@@ -26,7 +26,7 @@ struct Level : Resource {
     Ref<Str> assetsPath;
 
     void eachRef(RefVisitor& visit) override;
-    void init(Ref<> filename, Ref<Str> newAssetsPath);
+    void init(Ref<> filename, Ref<> newAssetsPath);
 
     // The cells as they are; valid until a script runs.
     Grid grid() const { return cells.grid(); }

@@ -1,14 +1,13 @@
 #include "resources/sound.hpp"
 
 #include "sdl/error.hpp"
+#include "sdl/musicfile.hpp"
 #include "sdl/text.hpp"
 
 #include <algorithm>
 #include <atomic>
 
 namespace zv {
-
-static int soundVolume = MIX_MAX_VOLUME;
 
 // The audio thread runs without Python's lock: this number is all that it hands over.
 static std::atomic<uint32_t> musicStoppedCount{0};
@@ -43,16 +42,13 @@ Ref<> SoundHandle::isPlaying() const {
 void Sound::init(Ref<> filepath) {
     Utf8 path(filepath.raw());
     Resource::init(filepath);
-    std::unique_ptr<Mix_Chunk, ChunkRelease> loaded(Mix_LoadWAV_RW(SDL_RWFromFile(path, "rb"), 1));
-    if (!loaded) raise(PyExc_IOError, "Unable to load sound file '%S'", filepath.raw());
-    chunk = std::move(loaded);
+    chunk.reset(Mix_LoadWAV_RW(SDL_RWFromFile(path, "rb"), 1));
+    if (!chunk) raise(PyExc_IOError, "Unable to load sound file '%S'", filepath.raw());
 }
 
 static Ref<SoundHandle> handleOf(int channel) {
     if (channel < 0) raiseEngine("Unable to play the sound!");
-    Ref<SoundHandle> handle = make<SoundHandle>();
-    handle->init(channel);
-    return handle;
+    return make<SoundHandle>(channel);
 }
 
 // SDL_mixer divides by the number of channels, which may be 0.
@@ -62,7 +58,7 @@ static void setVolumeOfAllChannels(int volume) {
 
 Ref<SoundHandle> Sound::play() {
     int channel = Mix_PlayChannelTimed(-1, chunk.get(), 0, -1);
-    setVolumeOfAllChannels(soundVolume);
+    setVolumeOfAllChannels(Convert<int>::from(Module::global("soundVolume"_name).raw()));
     return handleOf(channel);
 }
 
@@ -72,10 +68,10 @@ Ref<SoundHandle> Sound::loop(int times) {
 }
 
 static void setSoundVolume(int volume) {
-    soundVolume = volume;
+    Module::setGlobal("soundVolume"_name, toPython(volume));
     setVolumeOfAllChannels(volume);
 }
-static int getSoundVolume() { return soundVolume; }
+static Ref<> getSoundVolume() { return Module::global("soundVolume"_name); }
 static void setMusicVolume(int volume) { Mix_VolumeMusic(volume); }
 static int getMusicVolume() { return Mix_VolumeMusic(-1); }
 
@@ -93,9 +89,8 @@ void MusicRelease::operator()(Mix_Music* music) const {
 void Music::init(Ref<> filepath) {
     Utf8 path(filepath.raw());
     Resource::init(filepath);
-    std::unique_ptr<Mix_Music, MusicRelease> loaded(Mix_LoadMUS(path));
-    if (!loaded) raise(PyExc_IOError, "Unable to load music file '%S'", filepath.raw());
-    music = std::move(loaded);
+    music.reset(isPlayable(path) ? Mix_LoadMUS(path) : nullptr);
+    if (!music) raise(PyExc_IOError, "Unable to load music file '%S'", filepath.raw());
 }
 
 // SDL_mixer starts a music after the fade-out of another one, and waits for that inside its call.
@@ -125,10 +120,8 @@ void Music::startOrRaise(int times) {
 }
 
 void Music::play(PyObject* pos) {
-    std::optional<double> seconds;
-    if (pos && pos != Py_None) seconds = Convert<double>::from(pos);
     startOrRaise(1);
-    if (seconds) Mix_SetMusicPosition(position(*seconds));
+    if (pos && pos != Py_None) Mix_SetMusicPosition(position(Convert<double>::from(pos)));
 }
 
 void Music::loop(int times) { startOrRaise(times); }
@@ -144,7 +137,7 @@ void declareSound(Module& module) {
         "Controls the sound that plays on one channel of the mixer, as Sound.play gives it.\n\n"
         "It stands for the channel: once another sound plays there, it acts on that one. A negative\n"
         "channel stands for none, and a number beyond the engine's channels never plays.")
-        .init<&SoundHandle::init>({{"channel"}})
+        .init<&SoundHandle::channel>({{"channel"}})
         .method<&SoundHandle::stop>("stop", {}, "Ends the sound.")
         .method<&SoundHandle::pause>("pause", {}, "Holds the sound where it is.")
         .method<&SoundHandle::resume>("resume", {}, "Goes on after `pause`.")
@@ -188,10 +181,12 @@ void declareSound(Module& module) {
         "zelvarine.MusicStoppedEvent", "The music has ended: by itself, by Music.stop or by a fade-out.")
         .init<&MusicStoppedEvent::init>()
         .addTo(module.raw());
-    module
+    module.constant("soundVolume", MIX_MAX_VOLUME)
         .function<setSoundVolume>("setSoundVolume", {{"volume"}},
             "Sets the volume of all sounds, also of those that play; from 0 to 128, as at the start.")
-        .function<getSoundVolume>("getSoundVolume", {}, "The volume of sounds as last set, 128 at the start.")
+        .function<getSoundVolume>("getSoundVolume", {},
+            "The volume of sounds as last set, 128 at the start: the value of the module's `soundVolume`, which\n"
+            "scripts may set as well; `Sound.play` applies it.\n@return(int)")
         .function<setMusicVolume>(
             "setMusicVolume", {{"volume"}}, "Sets the volume of the music; from 0 to 128, as at the start.")
         .function<getMusicVolume>("getMusicVolume", {}, "The volume of the music, from 0 to 128.");

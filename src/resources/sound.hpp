@@ -21,7 +21,6 @@ struct MusicRelease {
 struct SoundHandle : Object {
     int channel = -1;  // negative: none
 
-    void init(int newChannel) { channel = newChannel; }
     void stop();
     void pause();
     void resume();

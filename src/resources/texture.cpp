@@ -1,6 +1,8 @@
 #include "resources/texture.hpp"
 
+#include "resources/color.hpp"
 #include "sdl/error.hpp"
+#include "sdl/imagefile.hpp"
 #include "sdl/text.hpp"
 
 #include <SDL_image.h>
@@ -22,12 +24,12 @@ SurfaceHandle createSurface(int w, int h) {
 
 void Texture::init(PyObject* w, PyObject* h) {
     if (isExactly(w, &PyLong_Type) && isExactly(h, &PyLong_Type)) {
-        adopt(createSurface(Convert<int>::from(w), Convert<int>::from(h)));
         Resource::init(toPython(""));
+        adopt(createSurface(Convert<int>::from(w), Convert<int>::from(h)));
     } else if (isExactly(w, &typeOf<Texture>)) {
+        Resource::init(toPython(""));
         const Texture& source = *native<Texture>(w);
         adopt(createSurface(source.getWidth(), source.getHeight()));
-        Resource::init(toPython(""));
         callByName(self(), "copyFrom"_name, w);
     } else {
         loadFile(w);
@@ -37,7 +39,7 @@ void Texture::init(PyObject* w, PyObject* h) {
 void Texture::loadFile(PyObject* name) {
     Utf8 path(name);
     Resource::init(Ref<>::borrow(name));
-    SurfaceHandle loaded(IMG_Load(path));
+    SurfaceHandle loaded = loadImage(path);
     SurfaceHandle converted;
     if (loaded) converted.reset(SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0));
     if (!converted) raise(PyExc_IOError, "Unable to load image file '%S'", name);
@@ -58,7 +60,7 @@ void Texture::adopt(SurfaceHandle newSurface) {
 }
 
 Ref<Texture> makeTexture(SurfaceHandle surface) {
-    Ref<Texture> texture = make<Texture>();
+    Ref<Texture> texture = make<Texture>();  // empty, to take over the surface
     texture->Resource::init(toPython(""));
     texture->adopt(std::move(surface));
     return texture;
@@ -75,13 +77,9 @@ Image Texture::image() const {
 }
 
 uint32_t colorWord(PyObject* color) {
-    Py_ssize_t count = lengthOf(color);
-    if (count != 3 && count != 4)
-        raise(PyExc_TypeError, "color must be a tuple of 3 (rgb) or 4 (rgba) integers between 0 and 255");
-    std::vector<Ref<>> parts = unpack(color, static_cast<size_t>(count));
-    uint32_t channels[4] = {0, 0, 0, 255};
-    for (size_t i = 0; i < parts.size(); i++) channels[i] = Convert<uint32_t>::from(parts[i].raw());
-    return channels[0] << 16 | channels[1] << 8 | channels[2] | channels[3] << 24;
+    auto [r, g, b, a] = channelsOf<uint32_t>(
+        color, PyExc_TypeError, "color must be a tuple of 3 (rgb) or 4 (rgba) integers between 0 and 255");
+    return r << 16 | g << 8 | b | a << 24;
 }
 
 void Texture::fill(PyObject* color) {
@@ -117,7 +115,7 @@ static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
         view->readonly = 0;
         view->itemsize = 4;
         view->format = flags & PyBUF_FORMAT ? format : nullptr;
-        view->ndim = 2;
+        view->ndim = flags & PyBUF_ND ? 2 : 1;  // without a shape it is plain bytes
         view->shape = flags & PyBUF_ND ? shape : nullptr;
         view->strides = (flags & PyBUF_STRIDES) == PyBUF_STRIDES ? shape + 2 : nullptr;
         view->suboffsets = nullptr;
@@ -134,7 +132,8 @@ void declareTexture(Module& module) {
         "A software image of 32-bit pixels 0xAARRGGBB.\n\n"
         "Texture(w, h) with two ints is an empty image, transparent black. Texture(texture) copies an image,\n"
         "blending it onto transparent black. Texture(filename) loads an image file; IOError if that fails.\n"
-        "A negative size, or one of more than 2 GiB, raises ValueError; one that memory does not hold EngineSdlException.\n\n"
+        "A negative size, or one of more than 2 GiB, raises ValueError; one that memory does not hold\n"
+        "EngineSdlException.\n\n"
         "The pixels are open to scripts through the buffer protocol: memoryview(texture) and\n"
         "numpy.asarray(texture) are writable views of shape (height, width), one unsigned 32-bit word a\n"
         "pixel, without a copy.")

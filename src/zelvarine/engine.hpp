@@ -10,7 +10,7 @@ namespace zv {
 struct Engine : Object {
     Ref<Ecs> ecs = make<Ecs>();
 
-    Engine() { ecs->init(Ref<Engine>::to(*this)); }
+    Engine() { ecs->engine = Ref<Engine>::to(*this); }
     void eachRef(RefVisitor& visit) override { visit(ecs); }
 
     // Lifecycle and frame

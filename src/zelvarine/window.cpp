@@ -4,6 +4,7 @@
 #include "events.hpp"
 #include "renderer.hpp"
 #include "sdl/error.hpp"
+#include "sdl/imagefile.hpp"
 #include "sdl/text.hpp"
 
 #include <SDL_image.h>
@@ -84,7 +85,7 @@ void Engine::setWindowSize(std::tuple<int, int> size) {
 
 void Engine::setWindowIcon(const char* filename) {
     if (!window) return;
-    SurfaceHandle icon(IMG_Load(filename));
+    SurfaceHandle icon = loadImage(filename);
     if (icon) SDL_SetWindowIcon(window.get(), icon.get());
 }
 

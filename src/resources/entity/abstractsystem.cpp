@@ -58,9 +58,9 @@ void declareAbstractSystem(Module& module) {
             "Lets the entity join or leave this system, according to `_interestedIn`.")
         .method<&AbstractSystem::removeEntity>(
             "_removeEntity", {{"entity"}}, "Drops the entity from this system, if it is a member.")
-        .method<&AbstractSystem::setEcs>(
-            "_setEcs", {{"ecs"}}, "Called when the system joins or, with None, leaves an Ecs.")
-        .method<&AbstractSystem::getEcs>("getEcs", {}, "The Ecs that this system is in, or None.")
+        .method<&AbstractSystem::setEcs>("_setEcs", {{"ecs", Required{}, "Ecs or None"}},
+            "Called when the system joins or, with None, leaves an Ecs.")
+        .method<&AbstractSystem::getEcs>("getEcs", {}, "The Ecs that this system is in, or None.\n@return(Ecs or None)")
         .method<&AbstractSystem::setEngine>("_setEngine", {{"engine", Required{}, "Engine or None"}},
             "Called when the system joins or, with None, leaves an engine; override it to do work then.")
         .method<&AbstractSystem::getEngine>(

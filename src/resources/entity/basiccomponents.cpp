@@ -108,8 +108,7 @@ void declareBasicComponents(Module& module) {
         .init<&PositionComponent::init>({{"pos", None{}}})
         .property<&PositionComponent::getX, &PositionComponent::setX>("x", "pos.x")
         .property<&PositionComponent::getY, &PositionComponent::setY>("y", "pos.y")
-        .property<&PositionComponent::pos>("pos", "the Vector2 itself, in cells")
-        .property<&PositionComponent::pos>("_pos", "the same as pos")
+        .property<&PositionComponent::pos>({"pos", "_pos"}, "the Vector2 itself, in cells")
         .method<&PositionComponent::loadFromDict>("loadFromDict", {{"level"}, {"input"}}, loadDoc)
         .method<&PositionComponent::dumpToDict>("dumpToDict", {{"level"}}, dumpDoc)
         .addTo(module.raw());
@@ -120,20 +119,16 @@ void declareBasicComponents(Module& module) {
         .init<&VelocityComponent::init>({{"velocity", None{}}, {"impulse", None{}}, {"friction", 2.0}})
         .property<&VelocityComponent::getX, &VelocityComponent::setX>("x", "velocity.x")
         .property<&VelocityComponent::getY, &VelocityComponent::setY>("y", "velocity.y")
-        .property<&VelocityComponent::velocity>("velocity", "steady motion, a Vector2")
-        .property<&VelocityComponent::velocity>("_velocity", "the same as velocity")
-        .property<&VelocityComponent::impulse>("impulse", "decaying motion, a Vector2")
-        .property<&VelocityComponent::impulse>("_impulse", "the same as impulse")
-        .property<&VelocityComponent::friction>("friction", "impulse lost per second, float")
-        .property<&VelocityComponent::friction>("_friction", "the same as friction")
+        .property<&VelocityComponent::velocity>({"velocity", "_velocity"}, "steady motion, a Vector2")
+        .property<&VelocityComponent::impulse>({"impulse", "_impulse"}, "decaying motion, a Vector2")
+        .property<&VelocityComponent::friction>({"friction", "_friction"}, "impulse lost per second, float")
         .method<&VelocityComponent::loadFromDict>("loadFromDict", {{"level"}, {"input"}}, loadDoc)
         .method<&VelocityComponent::dumpToDict>("dumpToDict", {{"level"}}, dumpDoc)
         .addTo(module.raw());
     Class<RotationComponent>("zelvarine.RotationComponent",
         "Which way an entity faces. Without `dir` to the east, (1, 0); a given vector is kept, not copied.")
         .init<&RotationComponent::init>({{"dir", None{}}})
-        .property<&RotationComponent::dir>("dir", "the direction, a Vector2")
-        .property<&RotationComponent::dir>("_dir", "the same as dir")
+        .property<&RotationComponent::dir>({"dir", "_dir"}, "the direction, a Vector2")
         .method<&RotationComponent::loadFromDict>("loadFromDict", {{"level"}, {"input"}}, loadDoc)
         .method<&RotationComponent::dumpToDict>("dumpToDict", {{"level"}}, dumpDoc)
         .addTo(module.raw());
@@ -143,17 +138,14 @@ void declareBasicComponents(Module& module) {
         "`hasFlags`. Given lists are kept, not copied; all components made without a list share one.")
         .init<&CollisionComponent::init>(
             {{"radius", 0.25}, {"isOnlyTrigger", false}, {"hasFlags", Omitted{"[]"}}, {"ignoreFlags", Omitted{"[]"}}})
-        .property<&CollisionComponent::radius>("radius", "radius of the circle in cells, float")
-        .property<&CollisionComponent::radius>("_radius", "the same as radius")
+        .property<&CollisionComponent::radius>({"radius", "_radius"}, "radius of the circle in cells, float")
         .property<&CollisionComponent::isOnlyTrigger>(
             "isOnlyTrigger", "whether the body reports collisions without blocking")
         .property<&CollisionComponent::getIsOnlyTrigger, &CollisionComponent::setIsOnlyTrigger>(
             "_isOnlyTrigger", "isOnlyTrigger as 0 or 1")
-        .property<&CollisionComponent::hasFlags>("hasFlags", "list of the flags of this body")
-        .property<&CollisionComponent::hasFlags>("_hasFlags", "the same as hasFlags")
+        .property<&CollisionComponent::hasFlags>({"hasFlags", "_hasFlags"}, "list of the flags of this body")
         .property<&CollisionComponent::ignoreFlags>(
-            "ignoreFlags", "list of the flags of other bodies that this one ignores")
-        .property<&CollisionComponent::ignoreFlags>("_ignoreFlags", "the same as ignoreFlags")
+            {"ignoreFlags", "_ignoreFlags"}, "list of the flags of other bodies that this one ignores")
         .method<&CollisionComponent::loadFromDict>("loadFromDict", {{"level"}, {"input"}}, loadDoc)
         .method<&CollisionComponent::dumpToDict>("dumpToDict", {{"level"}}, dumpDoc)
         .addTo(module.raw());

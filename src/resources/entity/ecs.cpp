@@ -1,8 +1,8 @@
 #include "resources/entity/ecs.hpp"
 
-namespace zv {
+#include "binding/items.hpp"
 
-void Ecs::init(Ref<Engine> owner) { engine = std::move(owner); }
+namespace zv {
 
 void Ecs::update(double timeStep) {
     Ref<> walked = listCopy(systems);
@@ -12,7 +12,7 @@ void Ecs::update(double timeStep) {
 void Ecs::addEntity(PyObject* entity) {
     if (contains(entities.raw(), entity)) return;
     Ref<> id = getAttribute(entity, "id"_name);
-    if (checked(PyObject_RichCompareBool(id.raw(), toPython(-1).raw(), Py_EQ)))
+    if (equal(id.raw(), toPython(-1).raw()))
         setAttribute(entity, "_id"_name, callFunction(builtin("id"_name).raw(), entity).raw());
     forEach(systems.raw(), [&](PyObject* system) { callByName(system, "_updateEntityMembership"_name, entity); });
     callByName(entities.raw(), "append"_name, entity);
@@ -44,13 +44,13 @@ Ref<> Ecs::getEntities(Args requiredComponentTypes) {
     return callFunction(builtin("filter"_name).raw(), bound, entities);
 }
 
-Ref<> Ecs::getEntityById(int64_t id) {
-    Ref<> wanted = toPython(id), found;
+Ref<> Ecs::getEntityById(PyObject* id) {
+    Ref<> first;
     forEach(entities.raw(), [&](PyObject* entity) {
-        Ref<> own = getAttribute(entity, "id"_name);
-        if (!found && checked(PyObject_RichCompareBool(own.raw(), wanted.raw(), Py_EQ))) found = Ref<>::borrow(entity);
+        bool fits = equal(getAttribute(entity, "id"_name).raw(), id);  // of all: comparing may run a script
+        if (fits && !first) first = Ref<>::borrow(entity);
     });
-    return found;
+    return first;
 }
 
 void Ecs::addSystem(PyObject* system) {
@@ -74,7 +74,7 @@ void Ecs::updateEntityMembership(PyObject* entity) {
 
 void declareEcs(Module& module) {
     Class<Ecs>("zelvarine.Ecs", "The registry of all entities and systems of an engine. `engine` is an Engine or None.")
-        .init<&Ecs::init>({{"engine"}})
+        .init<&Ecs::engine>({{"engine", Required{}, "Engine or None"}})
         .method<&Ecs::update>("update", {{"timeStep"}},
             "Updates every system, in the order in which they were added. `timeStep` is in seconds. An\n"
             "exception from a system leaves at once; the systems after it are skipped.")
@@ -87,7 +87,8 @@ void declareEcs(Module& module) {
         .method<&Ecs::getEntities>("getEntities", {},
             "Without arguments the live list of all entities. With component types, an iterator over the\n"
             "entities that have all of them; it can be walked once.")
-        .method<&Ecs::getEntityById>("getEntityById", {{"id"}}, "The first entity of that id, or None.")
+        .method<&Ecs::getEntityById>("getEntityById", {{"id"}},
+            "The first entity whose id equals `id`, which may be any object, or None.\n@return(object or None)")
         .method<&Ecs::getSystems>("getSystems", {}, "The live list of all systems.\n@return(list)")
         .method<&Ecs::addSystem>("addSystem", {{"system"}},
             "Adds a system, unless it is here already, tells it its Ecs and Engine, and lets the entities join it.")

@@ -15,13 +15,12 @@ struct Ecs : Object {
         visit(engine);
     }
 
-    void init(Ref<Engine> owner);
     void update(double timeStep);
     void addEntity(PyObject* entity);
     void removeEntity(PyObject* entity);
     void removeAllEntities();
     Ref<> getEntities(Args requiredComponentTypes);
-    Ref<> getEntityById(int64_t id);
+    Ref<> getEntityById(PyObject* id);
     Ref<> getSystems() const { return Ref<>::borrow(systems.raw()); }
     void addSystem(PyObject* system);
     void removeSystem(PyObject* system);

@@ -1,16 +1,17 @@
 #include "resources/entity/entity.hpp"
 
+#include "binding/items.hpp"
+
 namespace zv {
 
 static PyObject* typeOfObject(PyObject* o) { return reinterpret_cast<PyObject*>(Py_TYPE(o)); }
 
 void Entity::init(PyObject* newId, Args newComponents) {
     if (newId && Py_TYPE(newId) != &PyLong_Type) raise(PyExc_ValueError, "Entity ID must be int");
-    int64_t idValue = newId ? Convert<int64_t>::from(newId) : -1;
+    id = newId ? Convert<int64_t>::from(newId) : -1;
     Ref<Dict> byType = Ref<Dict>::steal(PyDict_New());
     for (Py_ssize_t i = 0; i < newComponents.size; i++)
         checked(PyDict_SetItem(byType.raw(), typeOfObject(newComponents.items[i]), newComponents.items[i]));
-    id = idValue;
     components = std::move(byType);
     ecs = {};
 }
@@ -22,7 +23,7 @@ void Entity::membershipChanged() {
 void Entity::addComponent(PyObject* component) {
     Ref<Dict> held = components;  // comparing keys may run a script that replaces the field
     if (contains(held.raw(), typeOfObject(component))) return;
-    checked(PyObject_SetItem(held.orNone(), typeOfObject(component), component));
+    setItem(held.raw(), typeOfObject(component), component);
     membershipChanged();
 }
 
@@ -31,7 +32,7 @@ void Entity::removeComponent(PyObject* component) { removeComponentType(typeOfOb
 void Entity::removeComponentType(PyObject* componentType) {
     Ref<Dict> held = components;
     if (!contains(held.raw(), componentType)) return;
-    checked(PyObject_DelItem(held.orNone(), componentType));
+    deleteItem(held.raw(), componentType);
     membershipChanged();
 }
 

@@ -2,43 +2,32 @@
 
 namespace zv {
 
-void SpriteAnimation::init(
-    PyObject* newName, int newFrameCount, bool newOscillate, double newSpeed, int newStartFrame, int newDirections) {
-    name = Ref<Str>::borrow(checkType<Str>(newName));
-    frameCount = newFrameCount;
-    oscillate = newOscillate;
-    speed = newSpeed;
-    startFrame = newStartFrame;
-    directions = newDirections;
-}
-
 void Sprite::init(Ref<Texture> newTexture, int newXFrames, int newYFrames, Ref<List> spriteAnimations) {
     if (newXFrames == 0 || newYFrames == 0)
         raise(PyExc_ZeroDivisionError, "a sprite sheet needs at least one column and one row");
     if (newXFrames < 0 || newYFrames < 0)
         raise(PyExc_ValueError, "a sprite sheet cannot have %d columns and %d rows", newXFrames, newYFrames);
-    int newWidth = newTexture->getWidth() / newXFrames, newHeight = newTexture->getHeight() / newYFrames;
-    Ref<Dict> byName = Ref<Dict>::steal(PyDict_New());
-    forEach(spriteAnimations.raw(), [&](PyObject* item) {
-        Ref<Str> name = Convert<SpriteAnimation&>::from(item).name;
-        checked(PyDict_SetItem(byName.raw(), name.orNone(), item));
-    });
-    texture = std::move(newTexture);
-    width = newWidth;
-    height = newHeight;
+    texture = newTexture;
     xFrames = newXFrames;
     yFrames = newYFrames;
-    animations = std::move(byName);
+    width = newTexture->getWidth() / newXFrames;
+    height = newTexture->getHeight() / newYFrames;
+    Ref<Dict> byName = Ref<Dict>::steal(PyDict_New());
+    animations = byName;
+    forEach(spriteAnimations.raw(), [&](PyObject* animation) {
+        Ref<Str> name = Convert<SpriteAnimation&>::from(animation).name;
+        checked(PyDict_SetItem(byName.raw(), name.orNone(), animation));
+    });
 }
 
-Ref<SpriteAnimation> Sprite::firstAnimation() const {
+Ref<> Sprite::firstAnimation() const {
     Py_ssize_t position = 0;
     PyObject* animation;
     if (!PyDict_Next(animations.raw(), &position, nullptr, &animation)) {
         PyErr_SetNone(PyExc_StopIteration);
         throw PythonError{};
     }
-    return Convert<Ref<SpriteAnimation>>::from(animation);
+    return Ref<>::borrow(animation);
 }
 
 void declareSprite(Module& module) {
@@ -48,20 +37,24 @@ void declareSprite(Module& module) {
         "frames show the sprite from all around. `speed` is the part of the whole animation that passes in a\n"
         "second; at the end it starts again or, with `oscillate`, runs back. With `directions` below 1 the\n"
         "sprite is always drawn as seen from its front.")
-        .init<&SpriteAnimation::init>(
-            {{"name", Required{}, "str"}, {"frameCount"}, {"oscillate"}, {"speed"}, {"startFrame"}, {"directions"}})
+        .init<present(&SpriteAnimation::name), &SpriteAnimation::frameCount, &SpriteAnimation::oscillate,
+            &SpriteAnimation::speed, &SpriteAnimation::startFrame, &SpriteAnimation::directions>(
+            {{"name"}, {"frameCount"}, {"oscillate"}, {"speed"}, {"startFrame"}, {"directions"}})
         .addTo(module.raw());
-    Class<Sprite>("zelvarine.Sprite",
-        "A sprite sheet: `texture` cut into `xFrames` columns and `yFrames` rows of equal frames, counted row\n"
-        "by row, and the animations over them. Pixels that are left over at the right and at the bottom\n"
-        "belong to no frame. Of animations with the same name the last one counts.\n\n"
-        "Raises ZeroDivisionError for a sheet of 0 columns or rows, ValueError for a negative number of them.")
+    Class<Sprite>("zelvarine.Sprite", spriteDoc)
         .init<&Sprite::init>({{"texture"}, {"xFrames"}, {"yFrames"}, {"spriteAnimations"}})
-        .readonly<&Sprite::texture>("texture", "the sheet, a Texture")
-        .readonly<&Sprite::width>("width", "width of a frame in pixels, int")
-        .readonly<&Sprite::height>("height", "height of a frame in pixels, int")
-        .readonly<&Sprite::animations>(
-            "animations", "dict from name to SpriteAnimation, in the order given to the constructor")
+        .readonly<&Sprite::texture>("texture",
+            "the sheet, a Texture: columns and rows of equal frames, counted row by row. 0 of them raise\n"
+            "ZeroDivisionError in the constructor, a negative number ValueError")
+        .readonly<&Sprite::width>("width",
+            "width of a frame in pixels, int. What is left over at the right of the sheet\n"
+            "belongs to no frame")
+        .readonly<&Sprite::height>("height",
+            "height of a frame in pixels, int. What is left over at the bottom of the\n"
+            "sheet belongs to no frame")
+        .readonly<&Sprite::animations>("animations",
+            "dict from name to SpriteAnimation, in the order given to the constructor; of animations with the same\n"
+            "name the last one counts")
         .addTo(module.raw());
 }
 

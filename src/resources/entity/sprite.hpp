@@ -14,8 +14,6 @@ struct SpriteAnimation : Object {
     int directions = 1;  // as the script gave it: 0 or less is possible
 
     void eachRef(RefVisitor& visit) override { visit(name); }
-    void init(
-        PyObject* newName, int newFrameCount, bool newOscillate, double newSpeed, int newStartFrame, int newDirections);
 };
 
 // Frame n is in column n % xFrames and row n / xFrames of the sheet.
@@ -31,9 +29,14 @@ struct Sprite : Object {
     }
     void init(Ref<Texture> newTexture, int newXFrames, int newYFrames, Ref<List> spriteAnimations);
 
-    // Raises StopIteration if there is none.
-    Ref<SpriteAnimation> firstAnimation() const;
+    // Whatever stands first in `animations`; raises StopIteration if nothing does.
+    Ref<> firstAnimation() const;
 };
+
+// The sheet and the component that shows it describe themselves in the same words.
+inline constexpr const char* spriteDoc =
+    "A sprite can be used in an entity inside a level.\n"
+    "It contains information about animations and directional frames";
 
 void declareSprite(Module&);
 

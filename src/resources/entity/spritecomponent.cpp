@@ -8,34 +8,26 @@ static uint32_t blendModeOf(PyObject* word) {
     return PyUnicode_Check(word) && PyUnicode_CompareWithASCIIString(word, "add") == 0 ? blendAdd : blendAlpha;
 }
 
-static Ref<SpriteAnimation> animationOf(const Ref<Sprite>& sprite, PyObject* key) {
-    Ref<Dict> animations = sprite ? sprite->animations : Ref<Dict>();
-    return Convert<Ref<SpriteAnimation>>::from(Ref<>::steal(PyObject_GetItem(animations.orNone(), key)).raw());
-}
-
 void SpriteComponent::init(
     Ref<Sprite> newSprite, bool newShadeless, double newZOffset, double newScale, uint32_t newBlendMode) {
-    Ref<SpriteAnimation> first = newSprite ? newSprite->firstAnimation() : Ref<SpriteAnimation>();
-    bool hasSprite = static_cast<bool>(newSprite);
-    sprite = std::move(newSprite);
+    sprite = newSprite;
     shadeless = newShadeless;
     zOffset = newZOffset;
     scale = newScale;
     blendMode = newBlendMode;
     angleToCam = 0;
-    if (hasSprite) play(first);
+    if (newSprite) play(newSprite->firstAnimation());
 }
 
 void SpriteComponent::setBlendMode(PyObject* mode) { blendMode = blendModeOf(mode); }
 
 // Through the property, so that a script's own one hears of it.
-void SpriteComponent::play(const Ref<SpriteAnimation>& animation) {
-    setAttribute(self(), "currentAnimation"_name, animation.raw());
-}
+void SpriteComponent::play(const Ref<>& animation) { setAttribute(self(), "currentAnimation"_name, animation.raw()); }
 
 void SpriteComponent::setCurrentAnimation(Ref<SpriteAnimation> animation) {
     Ref<SpriteAnimation> current = currentAnimation;
-    if (checked(PyObject_RichCompareBool(current.orNone(), animation.orNone(), Py_EQ))) return;
+    if (equal(current.raw(), animation.raw())) return;
+    currentAnimation = animation;
     const SpriteAnimation* chosen = animation.get();
     // The last frame number wraps around like any 32-bit sum; nothing is addressed with it.
     currentMaxFrame = chosen
@@ -44,7 +36,6 @@ void SpriteComponent::setCurrentAnimation(Ref<SpriteAnimation> animation) {
     currentMinFrame = chosen ? chosen->startFrame : 0;
     currentDirections = chosen ? chosen->directions : 1;
     animationSpeed = chosen ? chosen->speed : 0;
-    currentAnimation = std::move(animation);
 }
 
 Ref<> SpriteComponent::getCurrentAnimationKey() const {
@@ -53,33 +44,28 @@ Ref<> SpriteComponent::getCurrentAnimationKey() const {
     Ref<> items = Ref<>::steal(PyDict_Items(animations.raw()));
     for (Py_ssize_t i = 0; i < PyList_GET_SIZE(items.raw()); i++) {
         PyObject* pair = PyList_GET_ITEM(items.raw(), i);
-        if (checked(PyObject_RichCompareBool(PyTuple_GET_ITEM(pair, 1), current.orNone(), Py_EQ)))
-            return Ref<>::borrow(PyTuple_GET_ITEM(pair, 0));
+        if (equal(PyTuple_GET_ITEM(pair, 1), current.raw())) return Ref<>::borrow(PyTuple_GET_ITEM(pair, 0));
     }
     PyErr_SetNone(PyExc_StopIteration);
     throw PythonError{};
 }
 
-void SpriteComponent::setCurrentAnimationKey(PyObject* key) { play(animationOf(Ref<Sprite>(sprite), key)); }
+void SpriteComponent::setCurrentAnimationKey(PyObject* key) {
+    Ref<Dict> animations = sprite ? sprite->animations : Ref<Dict>();
+    play(item(animations.raw(), key));
+}
 
 void SpriteComponent::loadFromDict(PyObject* level, PyObject* input) {
     Ref<> sprites = getAttribute(level, "_sprites"_name);
-    auto newSprite =
-        Convert<Ref<Sprite>>::from(Ref<>::steal(PyObject_GetItem(sprites.raw(), item(input, "sprite").raw())).raw());
-    bool newShadeless = itemOr(input, "shadeless", false);
-    double newZOffset = itemOr(input, "zOffset", 0.0), newScale = itemOr(input, "scale", 1.0);
-    uint32_t newBlendMode = hasItem(input, "blendMode") ? blendModeOf(item(input, "blendMode").raw()) : blendAlpha;
-    Ref<SpriteAnimation> animation = hasItem(input, "currentAnimation")
-        ? animationOf(newSprite, item(input, "currentAnimation").raw())
-        : newSprite->firstAnimation();
-    double newPercentage = itemOr(input, "animationPercentage", 0.0);
-    sprite = std::move(newSprite);
-    shadeless = newShadeless;
-    zOffset = newZOffset;
-    scale = newScale;
-    blendMode = newBlendMode;
-    play(animation);
-    animationPercentage = newPercentage;
+    sprite = Convert<Ref<Sprite>>::from(item(sprites.raw(), item(input, "sprite").raw()).raw());
+    shadeless = itemOr(input, "shadeless", false);
+    zOffset = itemOr(input, "zOffset", 0.0);
+    scale = itemOr(input, "scale", 1.0);
+    blendMode = hasItem(input, "blendMode") ? blendModeOf(item(input, "blendMode").raw()) : blendAlpha;
+    if (hasItem(input, "currentAnimation"))
+        setAttribute(self(), "currentAnimationKey"_name, item(input, "currentAnimation").raw());
+    else play(Ref<Sprite>(sprite)->firstAnimation());
+    setAttribute(self(), "animationPercentage"_name, itemOr(input, "animationPercentage", toPython(0.0)).raw());
 }
 
 Ref<> SpriteComponent::dumpToDict(PyObject* level) const {
@@ -90,33 +76,25 @@ Ref<> SpriteComponent::dumpToDict(PyObject* level) const {
         .set("zOffset", zOffset)
         .set("scale", scale)
         .set("blendMode", blendMode == blendAdd ? "add" : "blend")
-        .set("currentAnimation", getCurrentAnimationKey())
-        .set("animationPercentage", animationPercentage)
+        .set("currentAnimation", getAttribute(self(), "currentAnimationKey"_name))
+        .set("animationPercentage", getAttribute(self(), "animationPercentage"_name))
         .done();
 }
 
 void declareSpriteComponent(Module& module) {
-    Class<SpriteComponent>("zelvarine.SpriteComponent",
-        "A sprite can be used in an entity inside a level.\n"
-        "It contains information about animations and directional frames\n\n"
-        "A new component plays the first animation of its sprite; StopIteration if the sprite has none.\n"
-        "`zOffset` moves the picture down, in halves of the unscaled sprite's height; `scale` enlarges it;\n"
-        "`shadeless` keeps fog off it; `blendMode` is BLENDMODE_BLEND or, for light, BLENDMODE_ADD.")
+    Class<SpriteComponent>("zelvarine.SpriteComponent", spriteDoc)
         .init<&SpriteComponent::init>({{"sprite", None{}}, {"shadeless", false}, {"zOffset", 0.0}, {"scale", 1.0},
             {"blendMode", static_cast<int>(blendAlpha)}})
-        .property<&SpriteComponent::sprite>(
-            "sprite", "the Sprite or None; a new one leaves the current animation alone")
-        .property<&SpriteComponent::sprite>("_sprite", "the same as sprite")
-        .property<&SpriteComponent::shadeless>("shadeless", "whether fog leaves the sprite alone")
-        .property<&SpriteComponent::shadeless>("_shadeless", "the same as shadeless")
+        .property<&SpriteComponent::sprite>({"sprite", "_sprite"},
+            "the Sprite or None. The constructor plays its first animation, StopIteration if it has none; a new\n"
+            "sprite leaves the current animation alone")
+        .property<&SpriteComponent::shadeless>({"shadeless", "_shadeless"}, "whether fog leaves the sprite alone")
         .property<&SpriteComponent::getBlendMode, &SpriteComponent::setBlendMode>(
             "blendMode", "'add' or 'alpha'; anything but 'add' selects plain blending")
-        .property<&SpriteComponent::blendMode>("_blendMode", "BLENDMODE_BLEND or BLENDMODE_ADD, int")
+        .property<&SpriteComponent::blendMode>("_blendMode", "BLENDMODE_BLEND or, for light, BLENDMODE_ADD, int")
         .property<&SpriteComponent::zOffset>(
-            "zOffset", "how far down the sprite is moved, in halves of its unscaled height, float")
-        .property<&SpriteComponent::zOffset>("_zOffset", "the same as zOffset")
-        .property<&SpriteComponent::scale>("scale", "size factor, float")
-        .property<&SpriteComponent::scale>("_scale", "the same as scale")
+            {"zOffset", "_zOffset"}, "how far down the sprite is moved, in halves of its unscaled height, float")
+        .property<&SpriteComponent::scale>({"scale", "_scale"}, "size factor, float")
         .property<&SpriteComponent::dist>(
             "_dist", "distance to the camera in cells, written by the renderer in each frame, float")
         .property<&SpriteComponent::getCurrentAnimation, &SpriteComponent::setCurrentAnimation>("currentAnimation",
@@ -129,8 +107,7 @@ void declareSpriteComponent(Module& module) {
             "name of the current animation in the sprite's animations. Reading raises StopIteration if it is not\n"
             "among them; setting a name that is not there raises KeyError.")
         .property<&SpriteComponent::animationPercentage>(
-            "animationPercentage", "position in the animation, from 0 to below 1, float")
-        .property<&SpriteComponent::animationPercentage>("_animationPercentage", "the same as animationPercentage")
+            {"animationPercentage", "_animationPercentage"}, "position in the animation, from 0 to below 1, float")
         .property<&SpriteComponent::currentMinFrame>("_currentMinFrame", "number of the animation's first frame, int")
         .property<&SpriteComponent::currentMaxFrame>(
             "_currentMaxFrame", "the first frame plus the number of steps, int")

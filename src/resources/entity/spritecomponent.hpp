@@ -35,7 +35,7 @@ struct SpriteComponent : Object {
     Ref<> dumpToDict(PyObject* level) const;
 
 private:
-    void play(const Ref<SpriteAnimation>& animation);
+    void play(const Ref<>& animation);
 };
 
 void declareSpriteComponent(Module&);

@@ -15,14 +15,14 @@ Ref<Entity> Level::loadEntity(PyObject* entity) {
     Ref<> arguments = Ref<>::steal(PyList_New(0)), id = toPython(-1);
     forEach(entity, [&](PyObject* key) {
         if (PyUnicode_Check(key) && PyUnicode_CompareWithASCIIString(key, "id") == 0) return;
-        Ref<> input = Ref<>::steal(PyObject_GetItem(entity, key));
+        Ref<> input = item(entity, key);
         Ref<> component = call<&Level::createComponent>(*this, Convert<Ref<Str>>::from(key), input.raw());
-        if (component.orNone() != Py_None) checked(PyList_Append(arguments.raw(), component.raw()));
+        if (component.orNone() != Py_None) append(arguments.raw(), component);
     });
     if (hasItem(entity, "id")) id = Ref<>::steal(PyNumber_Long(item(entity, "id").raw()));
     checked(PyList_Insert(arguments.raw(), 0, id.raw()));
-    Ref<Entity> loaded = Ref<Entity>::steal(PyObject_CallObject(
-        reinterpret_cast<PyObject*>(&typeOf<Entity>), Ref<>::steal(PyList_AsTuple(arguments.raw())).raw()));
+    Ref<Entity> loaded =
+        Ref<Entity>::steal(PyObject_CallObject(classOf<Entity>(), Ref<>::steal(PyList_AsTuple(arguments.raw())).raw()));
     callByName(entities.raw(), "append"_name, loaded);
     return loaded;
 }
@@ -33,15 +33,15 @@ static void registerUnknown(PyObject* components, const Ref<Str>& name) {
     Ref<> className = Ref<>::steal(PyUnicode_FromFormat("_Component_%U", name.raw()));
     Ref<> cls = Ref<>::steal(PyObject_CallFunction(reinterpret_cast<PyObject*>(&PyType_Type), "O(O){}", className.raw(),
         Module::global("DummyComponent"_name).raw()));
-    checked(PyObject_SetItem(components, name.raw(), cls.raw()));
-    checked(PyObject_SetItem(components, cls.raw(), name.raw()));
+    setItem(components, name.raw(), cls);
+    setItem(components, cls.raw(), name);
 }
 
 Ref<> Level::createComponent(Ref<Str> componentName, PyObject* component) {
     Ref<> components = Module::global("_COMPONENTS"_name);
     checkType<Str>(componentName.orNone());
     if (!contains(components.raw(), componentName.raw())) registerUnknown(components.raw(), componentName);
-    Ref<> cls = Ref<>::steal(PyObject_GetItem(components.raw(), componentName.raw()));
+    Ref<> cls = item(components.raw(), componentName.raw());
     Ref<> instance = Ref<>::steal(PyObject_CallObject(cls.raw(), nullptr));
     if (hasAttribute(instance.raw(), "loadFromDict"_name))
         callByName(instance.raw(), "loadFromDict"_name, *this, component);
@@ -50,10 +50,9 @@ Ref<> Level::createComponent(Ref<Str> componentName, PyObject* component) {
 }
 
 void Level::loadFromDict(PyObject* component, PyObject* input) {
-    Ref<> attributes = getAttribute(component, "__dict__"_name);
     forEach(callByName(input, "items"_name).raw(), [&](PyObject* item) {
         std::vector<Ref<>> pair = unpack(item, 2);
-        checked(PyObject_SetItem(attributes.raw(), pair[0].raw(), pair[1].raw()));
+        setItem(getAttribute(component, "__dict__"_name).raw(), pair[0].raw(), pair[1]);
     });
 }
 
@@ -71,9 +70,8 @@ Ref<Entity> Level::addEntityFromJson(Ref<Dict> entity) {
 void Level::removeEntityFromJson(Ref<Entity> entity) {
     Ref<List> live = entities;
     Ref<> index = callByName(live.raw(), "index"_name, entity);
-    Ref<> dicts = item(metadata.raw(), "entities");
-    checked(PyObject_DelItem(dicts.raw(), index.raw()));  // fails where the lists do not run parallel
-    checked(PyObject_DelItem(live.orNone(), index.raw()));
+    deleteItem(live.raw(), index.raw());
+    deleteItem(item(metadata.raw(), "entities").raw(), index.raw());
 }
 
 void Level::syncEntitiesFromEcs(Ref<Ecs> ecs) {
@@ -94,7 +92,7 @@ Ref<> Level::getEntities(Args requiredComponentTypes) const {
     Ref<Tuple> types = tupleOf(requiredComponentTypes);
     Ref<> found = Ref<>::steal(PyList_New(0));
     forEach(all.raw(), [&](PyObject* entity) {
-        if (hasComponents(entity, types.raw())) checked(PyList_Append(found.raw(), entity));
+        if (hasComponents(entity, types.raw())) append(found.raw(), entity);
     });
     return found;
 }

@@ -1,19 +1,14 @@
 // Fog: colors and densities, and how the description of a level sets them.
 #include "binding/items.hpp"
+#include "resources/color.hpp"
 #include "resources/level.hpp"
 
 namespace zv {
 
 FogColor FogColor::of(PyObject* components) {
-    Ref<> number = toPython(0xFF000000u);
-    int shift = 16;
-    for (const Ref<>& component : unpack(components, 3)) {
-        Ref<> bits =
-            Ref<>::steal(PyNumber_Lshift(Ref<>::steal(PyNumber_Index(component.raw())).raw(), toPython(shift).raw()));
-        number = Ref<>::steal(PyNumber_Or(number.raw(), bits.raw()));
-        shift -= 8;
-    }
-    return FogColor(std::move(number));
+    std::vector<Ref<>> channels = unpack(components, 3);
+    for (Ref<>& channel : channels) channel = Ref<>::steal(PyNumber_Index(channel.raw()));
+    return FogColor(colorNumber(channels[0].raw(), channels[1].raw(), channels[2].raw(), toPython(255).raw()));
 }
 
 std::tuple<int, int, int> FogColor::components() const {

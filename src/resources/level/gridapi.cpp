@@ -1,4 +1,5 @@
 // What scripts read and write of the cells.
+#include "binding/items.hpp"
 #include "resources/level.hpp"
 
 #include <cstdio>
@@ -26,7 +27,7 @@ Ref<> Level::getTexture(int cardinalDirection, int x, int y) const {
     int index = byteAt(cardinalDirection, x, y);
     Ref<List> held = textures;
     if (index >= lengthOf(held.orNone())) return {};
-    return Ref<>::steal(PySequence_GetItem(held.raw(), index));
+    return itemAt(held.raw(), index);
 }
 
 void Level::printLevel() const { printMap(10); }
@@ -42,7 +43,7 @@ void Level::printMap(int columnModulus) const {
         std::snprintf(number, sizeof number, "%3d ", y);
         line = number;
         for (int x = 0; x < g.width; x++) {
-            Ref<> glyph = Ref<>::steal(PySequence_GetItem(glyphs.raw(), byteAt(cellBlock, x, y)));
+            Ref<> glyph = itemAt(glyphs.raw(), byteAt(cellBlock, x, y));
             line.append(Convert<std::string_view>::from(glyph.raw())) += ' ';
         }
         print(line);

@@ -37,8 +37,8 @@ void Level::loadFromFile(Ref<Str> filename) {
     withFile(filename.orNone(), "rb", [&](PyObject* file) {
         int newWidth = Convert<int>::from(item(metadata.raw(), "width").raw());
         int newHeight = Convert<int>::from(item(metadata.raw(), "height").raw());
-        CellBuffer newGrid = newCells(newWidth, newHeight);
         Ref<> content = callByName(file, "read"_name);
+        CellBuffer newGrid = newCells(newWidth, newHeight);
         char* bytes;
         Py_ssize_t length;
         checked(PyBytes_AsStringAndSize(content.raw(), &bytes, &length));
@@ -74,12 +74,12 @@ void Level::loadMetadata(Ref<Str> filename, Ref<Str> header) {
         raiseLevelFormat(filename, Ref<>::steal(PyUnicode_FromFormat("Invalid JSON header: %S", error.orNone())));
     if (!hasItem(description.raw(), "width")) raiseLevelFormat(filename, "The 'width' property is required");
     if (!hasItem(description.raw(), "height")) raiseLevelFormat(filename, "The 'height' property is required");
-    Ref<> newWidth = item(description.raw(), "width"), newHeight = item(description.raw(), "height");
+    Ref<> newWidth = item(description.raw(), "width");
     if (!PyLong_CheckExact(newWidth.raw())) raiseLevelFormat(filename, "The 'width' property requires an int value");
+    Ref<> newHeight = item(description.raw(), "height");
     if (!PyLong_CheckExact(newHeight.raw())) raiseLevelFormat(filename, "The 'height' property requires an int value");
-    int widthValue = Convert<int>::from(newWidth.raw()), heightValue = Convert<int>::from(newHeight.raw());
-    width = widthValue;
-    height = heightValue;
+    width = Convert<int>::from(newWidth.raw());
+    height = Convert<int>::from(newHeight.raw());
     callByName(metadata.raw(), "update"_name, description);
 }
 
@@ -92,47 +92,49 @@ Ref<> Level::convertPath(Ref<Str> path) const {
 }
 
 Ref<Texture> Level::loadTexture(PyObject* path) {
-    return create<Texture>(call<&Level::convertPath>(*this, Convert<Ref<Str>>::from(path)));
+    return make<Texture>(call<&Level::convertPath>(*this, Convert<Ref<Str>>::from(path)));
 }
 
 static Ref<SpriteAnimation> animationOf(PyObject* name, PyObject* a) {
-    return create<SpriteAnimation>(name, item(a, "frames"), itemOr(a, "oscillate", toPython(0)),
+    return make<SpriteAnimation>(name, item(a, "frames"), itemOr(a, "oscillate", toPython(0)),
         itemOr(a, "speed", toPython(0.1)), itemOr(a, "startFrame", toPython(0)), itemOr(a, "directions", toPython(1)));
 }
 
 static Ref<> animationsOf(PyObject* sprite) {
     Ref<> animations = Ref<>::steal(PyList_New(0));
     if (!hasItem(sprite, "animations")) {
-        checked(PyList_Append(animations.raw(), create<SpriteAnimation>("_", 1, false, 1, 0, 1).raw()));
+        append(animations.raw(), make<SpriteAnimation>("_", 1, false, 1, 0, 1));
         return animations;
     }
     Ref<> byName = item(sprite, "animations");
-    forEach(byName.raw(), [&](PyObject* name) {
-        Ref<> animation = Ref<>::steal(PyObject_GetItem(byName.raw(), name));
-        checked(PyList_Append(animations.raw(), animationOf(name, animation.raw()).raw()));
-    });
+    forEach(byName.raw(),
+        [&](PyObject* name) { append(animations.raw(), animationOf(name, item(byName.raw(), name).raw())); });
     return animations;
 }
 
-// Each list is complete before it joins the level, so that a missing file changes neither half.
+// Each asset joins its list as it is made: what came before a missing file stays.
 void Level::loadAssets() {
     PyObject* description = metadata.raw();
     if (hasItem(description, "skytex")) skyTexture = loadTexture(item(description, "skytex").raw());
     if (hasItem(description, "textures")) {
-        std::vector<Ref<Texture>> loaded;
-        forEach(item(description, "textures").raw(), [&](PyObject* path) { loaded.push_back(loadTexture(path)); });
-        for (const auto& texture : loaded) callByName(textures.raw(), "append"_name, texture);
-        cellTextures.swap(loaded);  // the old ones go when nothing can read them any more
+        Ref<> paths = item(description, "textures");
+        std::vector<Ref<Texture>> places;
+        places.reserve(static_cast<size_t>(lengthOf(paths.raw())));
+        cellTextures.swap(places);
+        forEach(paths.raw(), [&](PyObject* path) {
+            Ref<Texture> texture = loadTexture(path);
+            callByName(textures.raw(), "append"_name, texture);
+            cellTextures.push_back(texture);
+        });
     }
     if (hasItem(description, "sprites")) {
-        std::vector<Ref<Sprite>> loaded;
         forEach(item(description, "sprites").raw(), [&](PyObject* sprite) {
             Ref<Texture> sheet = loadTexture(item(sprite, "texture").raw());
             Ref<> animations = animationsOf(sprite);
-            loaded.push_back(create<Sprite>(
-                sheet, itemOr(sprite, "xFrames", toPython(1)), itemOr(sprite, "yFrames", toPython(1)), animations));
+            Ref<Sprite> made = make<Sprite>(
+                sheet, itemOr(sprite, "xFrames", toPython(1)), itemOr(sprite, "yFrames", toPython(1)), animations);
+            callByName(sprites.raw(), "append"_name, made);
         });
-        for (const auto& sprite : loaded) callByName(sprites.raw(), "append"_name, sprite);
     }
 }
 

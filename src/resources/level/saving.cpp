@@ -36,21 +36,20 @@ void Level::saveFile(Ref<Str> filename) {
 }
 
 void Level::updateEntityMetadata() {
-    Ref<> dicts = Ref<>::steal(PyList_New(0));
-    setItem(metadata.raw(), "entities", dicts);
+    setItem(metadata.raw(), "entities", Ref<>::steal(PyList_New(0)));
     forEach(entities.raw(), [&](PyObject* entity) {
         Ref<> dict = DictBuilder().set("id", getAttribute(entity, "id"_name)).done();
         forEach(callByName(entity, "getComponents"_name).raw(), [&](PyObject* component) {
             auto* type = reinterpret_cast<PyObject*>(Py_TYPE(component));
             bool isDummy = type == Module::global("DummyComponent"_name).raw();
             Ref<> name = isDummy ? getAttribute(component, "typeName"_name)
-                                 : Ref<>::steal(PyObject_GetItem(Module::global("_COMPONENTS"_name).raw(), type));
+                                 : item(Module::global("_COMPONENTS"_name).raw(), type);
             Ref<> dumped = !isDummy && hasAttribute(component, "dumpToDict"_name)
                 ? callByName(component, "dumpToDict"_name, *this)
                 : call<&Level::dumpToDict>(*this, component);
             checked(PyDict_SetItem(dict.raw(), name.raw(), dumped.orNone()));
         });
-        checked(PyList_Append(dicts.raw(), dict.raw()));
+        callByName(item(metadata.raw(), "entities").raw(), "append"_name, dict);
     });
 }
 
@@ -69,7 +68,7 @@ Ref<> Level::dumpToDict(PyObject* object) {
     }
     if (hasAttribute(value.raw(), "__iter__"_name) && !PyUnicode_CheckExact(value.raw())) {
         Ref<> list = Ref<>::steal(PyList_New(0));
-        forEach(value.raw(), [&](PyObject* inner) { checked(PyList_Append(list.raw(), dumped(inner).orNone())); });
+        forEach(value.raw(), [&](PyObject* inner) { append(list.raw(), dumped(inner)); });
         return list;
     }
     return value;
