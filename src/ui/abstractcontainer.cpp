@@ -41,7 +41,6 @@ void AbstractUIContainer::renderChildren(const Clip& clip) {
 }
 
 bool AbstractUIContainer::offerEvent(Name& method, Event* event) {
-    RecursionGuard guard;
     for (Py_ssize_t i = childCount(); i-- > 0;) {
         if (i >= childCount()) continue;  // a handler has emptied the list
         if (Convert<bool>::from(callByName(childAt(i).raw(), method, event).raw())) return true;
