@@ -1,5 +1,6 @@
 #include "zelvarine/engine.hpp"
 
+#include "binding/items.hpp"
 #include "renderer.hpp"
 #include "resources/sound.hpp"
 #include "sdl/error.hpp"
@@ -14,7 +15,7 @@ static constexpr int maxAudioChannels = 65536;  // SDL_mixer does not notice whe
 void Engine::init(const char* title, std::tuple<int, int> size, bool fullscreen, bool show, bool resizeable,
     PyObject* windowid, PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey) {
     if (audioChannels > maxAudioChannels) raise(PyExc_ValueError, "audioChannels must be at most %d", maxAudioChannels);
-    bool opensWindow = !windowid || checked(PyObject_RichCompareBool(windowid, toPython(-1).raw(), Py_EQ));
+    bool opensWindow = !windowid || equal(windowid, toPython(-1).raw());
     if (!SDL_WasInit(SDL_INIT_VIDEO)) SDL_InitSubSystem(SDL_INIT_VIDEO | SDL_INIT_JOYSTICK);  // after a quit
 
     Mix_AllocateChannels(audioChannels);

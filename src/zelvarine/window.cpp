@@ -98,7 +98,7 @@ void Engine::toggleFullscreen() {
     bool before = call<&Engine::isFullscreen>(*this);
     toggleWindow();
     bool after = call<&Engine::isFullscreen>(*this);
-    fire(create<FullscreenEvent>(before, after).raw());
+    fire(make<FullscreenEvent>(before, after).raw());
 }
 
 void Engine::toggleWindow() {
