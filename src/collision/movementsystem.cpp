@@ -5,12 +5,6 @@
 
 namespace zv {
 
-void CollisionEvent::init(Ref<Entity> mover, Ref<Entity> other) {
-    Event::init();
-    entity1 = std::move(mover);
-    entity2 = std::move(other);
-}
-
 void MovementSystem::eachRef(RefVisitor& visit) {
     AbstractSystem::eachRef(visit);
     visit(level);
@@ -145,9 +139,7 @@ void MovementSystem::pushOffWalls(
 void MovementSystem::fireCollision(PyObject* entity, PyObject* other, BodyCache& cache) {
     Ref<Engine> listening = engine;
     if (!listening) return;
-    Ref<CollisionEvent> event = make<CollisionEvent>();
-    event->init(Convert<Ref<Entity>>::from(entity), other ? Convert<Ref<Entity>>::from(other) : Ref<Entity>());
-    callByName(listening.raw(), "fireEvent"_name, event);
+    callByName(listening.raw(), "fireEvent"_name, make<CollisionEvent>(entity, other));
     cache.forget();
 }
 
@@ -155,7 +147,7 @@ void declareMovementSystem(Module& module) {
     Class<CollisionEvent, Event>("zelvarine.CollisionEvent",
         "An entity has run into something: `entity1` moved, `entity2` is the body that it ran into, or None for\n"
         "a wall.")
-        .init<&CollisionEvent::init>({{"entity1"}, {"entity2"}})
+        .init<&CollisionEvent::entity1, &CollisionEvent::entity2>({{"entity1"}, {"entity2"}})
         .readonly<&CollisionEvent::entity1>("entity1", "the entity that moved")
         .readonly<&CollisionEvent::entity2>("entity2", "the body that it ran into, or None for a wall")
         .addTo(module.raw());

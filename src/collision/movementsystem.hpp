@@ -13,7 +13,6 @@ struct CollisionEvent : Event {
         visit(entity1);
         visit(entity2);
     }
-    void init(Ref<Entity> mover, Ref<Entity> other);
 };
 
 struct MovementSystem : AbstractSystem {

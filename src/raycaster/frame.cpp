@@ -22,8 +22,7 @@ void RaycastingRenderer::init(Ref<Texture> newTarget, Ref<Level> newLevel) {
     initTypes({&typeOf<PositionComponent>, &typeOf<SpriteComponent>});
     target = std::move(newTarget);
     level = std::move(newLevel);
-    camera = make<Camera>();
-    camera->init(*makeVector({2.5, 2.5}), *makeVector({0, 1}), 60, 20, 1.6);
+    camera = make<Camera>(makeVector({2.5, 2.5}), makeVector({0, 1}), 60, 20);
     Ref<Texture> held = target;
     auto [width, height] = call<&Texture::getSize>(*held);
     rayHits.assign(static_cast<size_t>(std::max(width, 0)), RayHit());
