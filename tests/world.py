@@ -37,8 +37,9 @@ def level(plain, folder):
     return zelvarine.Level(path)
 
 
-def rgb(word):
-    return word >> 16 & 255, word >> 8 & 255, word & 255
+def rgb(number):
+    """What a level makes the number of; the red of one beyond 32 bits is more than a byte."""
+    return number >> 16, number >> 8 & 255, number & 255
 
 
 def entity(sprite):

@@ -39,7 +39,8 @@ static double alongWall(const RayHit& hit) {
 static void drawTexturedSlice(const Image& texture, const Fog& fog, const View& view, const RayHit& hit,
     const Slice& slice, const MutableImage& target, int x) {
     int fogAmount = fog.at(hit.dist), groundFog = fog.groundAt(hit.dist);
-    int texX = std::min(truncate(alongWall(hit) * texture.width), texture.width - 1);
+    // A view without a direction can hit beyond the grid's edge, and so beside the texture.
+    int texX = std::clamp(truncate(alongWall(hit) * texture.width), 0, texture.width - 1);
     double texStep = texture.height / (2.0 * slice.half + 1);
     double texPos = (slice.start - (view.horizon - slice.half)) * texStep;
     for (int y = slice.start; y < slice.end; y++) {
