@@ -17,7 +17,7 @@ SANITIZED = PYTHONMALLOC=malloc LD_PRELOAD="$(foreach library,libasan libstdc++,
 	UBSAN_OPTIONS=print_stacktrace=1 ASAN_OPTIONS=leak_check_at_exit=0:allocator_may_return_null=1
 # Short, but enough to tell who asked for the memory.
 EXACT_STACKS = fast_unwind_on_malloc=0:malloc_context_size=10
-LEAK_TESTS = $(addprefix tests/test_,components.py level.py level_files.py events.py vector.py font.py theme.py stubs.py raycaster_hostile.py)
+LEAK_TESTS = $(addprefix tests/test_,components.py level.py level_files.py events.py vector.py font.py theme.py stubs.py raycaster_queries.py)
 
 SOURCES := $(shell find src -name '*.cpp')
 HEADERS := $(shell find src -name '*.hpp')

@@ -1,6 +1,7 @@
 """Movement with collisions, and rays against bodies."""
 import math
 import random
+from types import SimpleNamespace
 
 import pytest
 
@@ -22,12 +23,13 @@ class World:
         self.engine.ecs.addSystem(self.system)
         self.engine.subscribeEvent(CollisionEvent, lambda event: self.events.append((event.entity1, event.entity2)))
 
-    def add(self, x, y, velocity=None, radius=None, impulse=(0, 0), friction=2.0, cls=Entity, **collision):
-        entity = cls(-1, PositionComponent(Vector2(x, y)))
+    def add(self, pos, velocity=None, radius=None, impulse=(0, 0), friction=2.0, trigger=False, flags=(), ignored=(),
+            cls=Entity):
+        entity = cls(-1, PositionComponent(Vector2(*pos)))
         if velocity is not None:
             entity.addComponent(VelocityComponent(Vector2(*velocity), Vector2(*impulse), friction))
         if radius is not None:
-            entity.addComponent(CollisionComponent(radius, **collision))
+            entity.addComponent(CollisionComponent(radius, trigger, list(flags), list(ignored)))
         self.engine.ecs.addEntity(entity)
         return entity
 
@@ -54,20 +56,18 @@ def at(entity):
 
 # ---- the rules once more, on plain numbers
 
-class Body:
-    def __init__(self, rng, digits):
-        """With few digits bodies touch exactly, and have nowhere to go."""
-        def pair(most, low=None):
-            return tuple(round(rng.uniform(-most if low is None else low, most) * digits) / digits for _ in "xy")
+def pair(rng, digits, low, high):
+    """With few digits circles touch exactly, and points lie on each other."""
+    return tuple(round(rng.uniform(low, high) * digits) / digits for _ in "xy")
 
-        self.pos = pair(29, 1)
-        self.velocity = pair(1) if rng.random() < 0.8 else None
-        self.impulse = rng.choice([pair(2), pair(2), (0.0, 0.0), (0.0001, 0.0), (0.00011, 0.0)])
-        self.friction = rng.choice([0.0, rng.uniform(-3, 3)])
-        self.radius = pair(1.2, 0.25)[0] if rng.random() < 0.9 else None
-        self.collision = dict(isOnlyTrigger=rng.random() < 0.2)
-        for flags in ("hasFlags", "ignoreFlags"):
-            self.collision[flags] = [flag for flag in "abc" if rng.random() < 0.2]
+
+def random_body(rng, digits):
+    """The arguments of `add`."""
+    flags, ignored = [[flag for flag in "abc" if rng.random() < 0.2] for _ in range(2)]
+    return dict(pos=pair(rng, digits, 1, 29), velocity=pair(rng, digits, -1, 1) if rng.random() < 0.8 else None,
+                impulse=rng.choice([pair(rng, digits, -2, 2), (0.0, 0.0), (0.0001, 0.0), (0.00011, 0.0)]),
+                friction=rng.choice([0.0, rng.uniform(-3, 3)]), trigger=rng.random() < 0.2, flags=flags,
+                radius=pair(rng, digits, 0.6, 1.4)[0] if rng.random() < 0.9 else None, ignored=ignored)
 
 
 def braked(impulse, loss):
@@ -78,22 +78,22 @@ def braked(impulse, loss):
     return (0.0, 0.0) if length(*brake) > speed else (impulse[0] - brake[0], impulse[1] - brake[1])
 
 
-def move(grid, body, bodies, timeStep):
+def move(grid, bodies, body, timeStep):
     """One step of one body; returns what it runs into, None for walls."""
     body.impulse = braked(body.impulse, timeStep * abs(body.friction))
     movement = [(v + i) * timeStep for v, i in zip(body.velocity, body.impulse)]
     target = [p + m for p, m in zip(body.pos, movement)]
     found = []
-    for other in bodies if body in bodies else ():
-        if other is body or set(body.collision["ignoreFlags"]) & set(other.collision["hasFlags"]):
+    for other in bodies if body.radius else ():
+        if other is body or set(body.ignored) & set(other.flags):
             continue
         diff = other.pos[0] - target[0], other.pos[1] - target[1]
         gap = length(*diff) - (other.radius + body.radius)
         if gap < 0:
             found.append(other)
-            if not other.collision["isOnlyTrigger"]:
+            if not other.trigger:
                 target = [p + (m + d * gap) for p, m, d in zip(body.pos, movement, normalized(diff))]
-    for direction in DIRECTIONS if body in bodies else ():
+    for direction in DIRECTIONS if body.radius else ():
         hit, ray = trace(grid, body.pos, direction)
         if hit is not None and hit.dist < body.radius:
             found.append(None)
@@ -102,7 +102,32 @@ def move(grid, body, bodies, timeStep):
     return found
 
 
-@pytest.mark.parametrize("seed, digits", [(0, 2), (1, 2), (2, 4), (3, 1e9), (4, 1e9)])
+def meeting(center, radius, start, end):
+    """Where the ray from `start` through `end` first meets the circle, in single precision where the rules say so."""
+    dx, dy = single(end[0] - start[0]), single(end[1] - start[1])
+    x, y = start[0] - center[0], start[1] - center[1]
+    a, b = single(single(dx * dx) + single(dy * dy)), single(2 * (dx * x + dy * y))
+    det = single(single(b * b) - 4.0 * a * single(x * x + y * y - single(radius * radius)))
+    if a <= 1e-7 or det < 0:
+        return None
+    t1, t2 = single((-b + math.sqrt(det)) / (2 * a)), single((-b - math.sqrt(det)) / (2 * a))
+    t = t1 if t2 < 0 else t2
+    return (start[0] + single(dx * t), start[1] + single(dy * t)) if t > 0 else None
+
+
+def traced(bodies, start, direction, reach):
+    """The bodies that a ray meets, each with its distance, nearest first."""
+    unit, limit, found = normalized(direction), single(reach), []
+    for body in bodies:
+        end = start[0] + unit[0] * limit, start[1] + unit[1] * limit
+        hit = meeting(body.pos, single(body.radius), start, end)
+        dist = hit and length(hit[0] - start[0], hit[1] - start[1])
+        if hit and 0 < dist < limit:
+            found.append((body, dist))
+    return sorted(found, key=lambda pair: pair[1]), unit
+
+
+@pytest.mark.parametrize("seed, digits", [(0, 1), (1, 2), (2, 2), (3, 1e9), (4, 1e9)])
 def test_a_crowd_moves_as_the_rules_say(seed, digits, world):
     rng = random.Random(seed)
     for place in range(900):
@@ -110,20 +135,25 @@ def test_a_crowd_moves_as_the_rules_say(seed, digits, world):
             world.level.setBlock(int(rng.random() * 6), place // 30, place % 30)  # the walls around get holes, too
     parts = [(part, x, y) for y in range(30) for x in range(30) for part in range(7)]
     grid = Grid(30, 30, [world.level.getTextureIndex(*part) for part in parts])
-    crowd = [Body(rng, digits) for _ in range(60)]
-    bodies = [body for body in crowd if body.radius is not None]
-    entities = {body: world.add(*body.pos, velocity=body.velocity, impulse=body.impulse, friction=body.friction,
-                                radius=body.radius, **body.collision) for body in crowd}
-    entities[None] = None
+    crowd = [random_body(rng, digits) for _ in range(60)]
+    entities = [world.add(**body) for body in crowd] + [None]
+    crowd = [SimpleNamespace(**body) for body in crowd]
+    bodies = [body for body in crowd if body.radius]
+    for _ in range(60):
+        start, direction, reach = pair(rng, digits, 0, 30), pair(rng, digits, -1, 1), pair(rng, digits, -3, 40)[0]
+        expected, unit = traced(bodies, start, direction, reach)
+        ray = Vector2(*direction)
+        found = world.system.collisionBodySystem.traceEntities(Vector2(*start), ray, reach)
+        assert found == [(entities[crowd.index(body)], dist) for body, dist in expected] and (ray.x, ray.y) == unit
     for _ in range(40):
         timeStep = rng.choice([0.5, rng.uniform(0.01, 0.3)])
-        expected = [(entities[body], entities[found]) for body in crowd if body.velocity
-                    for found in move(grid, body, bodies, timeStep)]
+        expected = [(entities[i], entities[crowd.index(found) if found else -1]) for i, body in enumerate(crowd)
+                    if body.velocity for found in move(grid, bodies, body, timeStep)]
         assert world.step(timeStep) == expected
-        for body in crowd:
-            assert at(entities[body]) == body.pos
+        for entity, body in zip(entities, crowd):
+            assert at(entity) == body.pos
             if body.velocity:
-                impulse = entities[body].getComponent(VelocityComponent).impulse
+                impulse = entity.getComponent(VelocityComponent).impulse
                 assert (impulse.x, impulse.y) == body.impulse
 
 
@@ -134,9 +164,9 @@ def enlarge(body):
 
 
 def test_handlers_change_bodies(world):
-    first, second = [world.add(5, 5, radius=0.5, isOnlyTrigger=True) for _ in range(2)]
-    mover, last = world.add(5, 5, velocity=(0, 0), radius=0.5), world.add(5.25, 5, radius=0.5)
-    other, obstacle = world.add(20, 20, velocity=(1, 0), radius=0.5), world.add(22, 20, radius=0.1)
+    first, second = [world.add((5, 5), radius=0.5, trigger=True) for _ in range(2)]
+    mover, last = world.add((5, 5), velocity=(0, 0), radius=0.5), world.add((5.25, 5), radius=0.5)
+    other, obstacle = world.add((20, 20), velocity=(1, 0), radius=0.5), world.add((22, 20), radius=0.1)
 
     def change():
         world.engine.ecs.removeEntity(second)
@@ -170,17 +200,17 @@ def test_code_of_scripts_between_two_movers_changes_bodies():
             enlarge(body)
 
     for script in (dict(system=System), dict(vector=Vector), dict(cls=Watcher), dict(cls=Watcher, radius=0.1),
-                   dict(radius=0.1, ignoreFlags=[Flag()])):
+                   dict(radius=0.1, ignored=[Flag()])):
         world, vector = World(script.pop("system", MovementSystem)), script.pop("vector", Vector2)
-        body = world.add(10, 10, radius=0.5, hasFlags=["a"])
-        world.add(10, 8.75, velocity=(0, 0), radius=0.25)
-        world.add(20, 20, velocity=(0, 0), **script)._components[PositionComponent].pos = vector(20, 20)
-        second = world.add(10, 11.2, velocity=(0, 0), radius=0.25)
+        body = world.add((10, 10), radius=0.5, flags=["a"])
+        world.add((10, 8.75), velocity=(0, 0), radius=0.25)
+        world.add((20, 20), velocity=(0, 0), **script)._components[PositionComponent].pos = vector(20, 20)
+        second = world.add((10, 11.2), velocity=(0, 0), radius=0.25)
         assert world.step() == [(second, body)]
 
 
 def test_handlers_change_what_walls_do(world):
-    mover = world.add(1.25, 1.25, velocity=(0, 0), radius=0.4)
+    mover = world.add((1.25, 1.25), velocity=(0, 0), radius=0.4)
 
     def change():
         mover.getComponent(PositionComponent).x = 1.27
@@ -200,41 +230,3 @@ def test_the_bodies_come_along():
     assert (engine.ecs.getSystems(), registry.getSystems()) == ([system], both)
     registry.removeSystem(system)
     assert registry.getSystems() == [] == [one for one in both if one.getEcs()] and both[1].getEngine() is None
-
-
-# ---- rays against bodies
-
-def meeting(center, radius, start, end):
-    """Where the ray from `start` through `end` first meets the circle, in single precision where the rules say so."""
-    dx, dy = single(end[0] - start[0]), single(end[1] - start[1])
-    x, y = start[0] - center[0], start[1] - center[1]
-    a, b = single(single(dx * dx) + single(dy * dy)), single(2 * (dx * x + dy * y))
-    det = single(single(b * b) - 4.0 * a * single(x * x + y * y - single(radius * radius)))
-    if a <= 1e-7 or det < 0:
-        return None
-    t1, t2 = single((-b + math.sqrt(det)) / (2 * a)), single((-b - math.sqrt(det)) / (2 * a))
-    t = t1 if t2 < 0 else t2
-    return (start[0] + single(dx * t), start[1] + single(dy * t)) if t > 0 else None
-
-
-@pytest.mark.parametrize("digits", [1, 1e9])
-def test_rays_meet_bodies_as_the_rules_say(digits, world):
-    rng = random.Random(0)
-
-    def number(low, high):      # without digits rays touch circles, start on them and end there
-        return round(rng.uniform(low, high) * digits) / digits
-
-    bodies = [((number(-9, 40), number(-9, 40)), number(0, 3)) for _ in range(60)]
-    entities = [world.add(*center, radius=radius) for center, radius in bodies]
-    for _ in range(200):
-        start, direction = (number(0, 30), number(0, 30)), (number(-1, 1), number(-1, 1))
-        reach, unit, expected = number(-3, 40), normalized(direction), []
-        limit = single(reach)
-        for entity, (center, radius) in zip(entities, bodies):
-            hit = meeting(center, single(radius), start, (start[0] + unit[0] * limit, start[1] + unit[1] * limit))
-            dist = hit and length(hit[0] - start[0], hit[1] - start[1])
-            if hit and 0 < dist < limit:
-                expected.append((entity, dist))
-        ray = Vector2(*direction)
-        found = world.system.collisionBodySystem.traceEntities(Vector2(*start), ray, reach)
-        assert found == sorted(expected, key=lambda pair: pair[1]) and (ray.x, ray.y) == unit

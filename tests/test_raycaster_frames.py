@@ -2,9 +2,12 @@
 
 import random
 
+import numpy
 import pytest
+import zelvarine
+from zelvarine import RaycastingRenderer, Texture
 
-from reference import Camera, Scene
+from reference import BACKGROUND, Camera, Scene, Sprite
 from scenes import image, put, random_camera, random_scene, room, with_fog
 from world import World
 
@@ -34,3 +37,57 @@ def test_a_view_without_a_direction_meets_a_wall_beyond_the_edge(tmp_path):
     scene = Scene(level, Camera((4.0, 1.5), (0, 0)))
     World(scene, tmp_path).play()
     assert scene.columns[0][0].pos == (2, -0.5)
+
+
+# ---- targets and constructors of scripts
+
+@pytest.fixture
+def world(tmp_path):
+    white = image(2, 2, 0xFFFFFFFF)
+    return World(Scene(room(8, 8, [white]), sprites=[Sprite((5, 2.5), white)]), tmp_path)
+
+
+class Target(Texture):
+    """64 by 40 pixels, whatever it answers."""
+
+    answer = 64, 40
+
+    def getSize(self):
+        return self.answer
+
+
+@pytest.mark.parametrize("first, then, columns", [
+    ((64, 40), (640, 400), 64), ((640, 400), (640, 400), 64), ((1, 1), (64, 40), 1), ((-5, -5), (64, 40), 0)])
+def test_a_target_that_lies_about_its_size(first, then, columns, world):
+    target = Target(64, 40)
+    target.answer = first
+    renderer = RaycastingRenderer(target, world.level)
+    target.answer = then
+    renderer.render()
+    drawn = (numpy.asarray(target) != BACKGROUND).any(axis=0)
+    assert drawn[:columns].all() and not drawn[columns:].any()
+
+
+@pytest.mark.parametrize("size", [(63, 40), (64, 39)])
+def test_a_constructor_in_the_middle_of_a_frame(size, world):
+    class Engine(zelvarine.Engine):
+        def getTimeStep(self):
+            world.renderer.__init__(target, world.level)
+            return 0.1
+
+    target, world.renderer._engine = Texture(*size), Engine()
+    world.renderer.render()
+    assert not numpy.asarray(target).any()     # the frame was one of another size
+
+
+def test_the_constructor_keeps_its_order(world):
+    renderer, target = world.renderer, Target(64, 40)
+    target.answer, level = None, zelvarine.Level()
+    with pytest.raises(TypeError):
+        renderer.__init__(target, level)
+    assert (renderer.getTarget(), renderer.level, renderer.entities) == (target, level, [])
+    assert renderer.getCamera().pitch == 20
+    with pytest.raises(AttributeError):
+        RaycastingRenderer(None, level)
+    with pytest.raises(AttributeError):
+        RaycastingRenderer.__new__(RaycastingRenderer).render()

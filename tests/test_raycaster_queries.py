@@ -12,13 +12,6 @@ from world import World
 pytestmark = pytest.mark.filterwarnings("ignore::pytest.PytestUnraisableExceptionWarning")
 
 
-def cast(world, pos, direction):
-    ray = Vector2(*direction)
-    point = world.renderer.castRay(Vector2(*pos), ray)
-    assert (ray.x, ray.y) == direction
-    return None if point is None else (point.x, point.y)
-
-
 @pytest.mark.parametrize("seed", range(100, 130))
 def test_random_rays_and_picks(seed, tmp_path):
     rng = random.Random(seed)
@@ -30,8 +23,9 @@ def test_random_rays_and_picks(seed, tmp_path):
         if rng.random() < 0.4:      # from grid lines, along axes and diagonals
             pos = tuple(int(p * 2) / 2 for p in pos)
             direction = rng.randint(-1, 1), rng.randint(-2, 2)
-        hit, _ = trace(level, pos, direction)
-        assert cast(world, pos, direction) == (hit and hit.pos), (pos, direction)
+        ray, (hit, _) = Vector2(*direction), trace(level, pos, direction)
+        point = world.renderer.castRay(Vector2(*pos), ray)
+        assert (point and (point.x, point.y), (ray.x, ray.y)) == (hit and hit.pos, direction)
     world.play()
     middle = scene.height // 2 + scene.camera.pitch
     for _ in range(100):
@@ -45,8 +39,8 @@ def test_random_rays_and_picks(seed, tmp_path):
 
 def test_the_nearest_sprite_before_the_wall_is_picked(tmp_path):
     red = image(1, 1, 0xFFFF0000)
-    far, near, hidden = (Sprite((x, 2.6), red, scale=2.0, z_offset=1.0) for x in (8.0, 5.0, 11.5))
-    world = World(Scene(room(12, 9), sprites=[near, hidden, far]), tmp_path)
+    far, near, hidden, touching = (Sprite((x, 2.5), red, scale=2.0, z_offset=1.0) for x in (8.0, 5.0, 11.5, 11.0))
+    world = World(Scene(room(12, 9), Camera(fov=0), sprites=[near, hidden, touching, far]), tmp_path)
 
     def picked(*places):
         return [world.renderer.getEntityAtScreenCoords(*place) for place in places]
@@ -55,12 +49,12 @@ def test_the_nearest_sprite_before_the_wall_is_picked(tmp_path):
     assert picked((33, 20)) == [first]      # before the first frame every column is open
     world.play()
     # 10 pixels to each side, both bounds inclusive, whatever scale and offset are
-    assert picked((24, 20), (44, 30), (33, 10)) == [first] * 3
-    assert picked((23, 20), (44, 31), (33, 9), (-1, 20), (64, 20)) == [None] * 5
+    assert picked((22, 20), (42, 30), (33, 10)) == [first] * 3
+    assert picked((21, 20), (42, 31), (33, 9), (-1, 20), (64, 20)) == [None] * 5
     first.getComponent(PositionComponent).x = 1.0
     assert picked((33, 20)) == [second]
     second.getComponent(PositionComponent).x = 11.5
-    assert picked((33, 20)) == [None]
+    assert picked((33, 20)) == [world.entities[touching]]      # at the very wall: picked, yet not drawn
 
 
 def test_a_flat_view_and_what_is_not_on_the_screen(tmp_path):
