@@ -49,8 +49,8 @@ def test_the_nearest_sprite_before_the_wall_is_picked(tmp_path):
     assert picked((33, 20)) == [first]      # before the first frame every column is open
     world.play()
     # 10 pixels to each side, both bounds inclusive, whatever scale and offset are
-    assert picked((22, 20), (42, 30), (33, 10)) == [first] * 3
-    assert picked((21, 20), (42, 31), (33, 9), (-1, 20), (64, 20)) == [None] * 5
+    assert picked((21, 20), (41, 30), (33, 10)) == [first] * 3
+    assert picked((20, 20), (41, 31), (33, 9), (-1, 20), (64, 20)) == [None] * 5
     first.getComponent(PositionComponent).x = 1.0
     assert picked((33, 20)) == [second]
     second.getComponent(PositionComponent).x = 11.5
