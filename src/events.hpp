@@ -14,26 +14,24 @@ struct Event : Object {
 struct KeyEvent : Event {
     int key = 0;
     bool isCtrlPressed = false, isAltPressed = false, isShiftPressed = false;
-
-    void init(int newKey, bool ctrl, bool alt, bool shift);
 };
 
 struct MouseClickEvent : Event {
     int x = 0, y = 0, button = 0;
 
-    void init(int newX, int newY, int newButton);
+    using Event::init;
+    void init(int newX, int newY, int newButton) {
+        Event::init();
+        x = newX, y = newY, button = newButton;
+    }
 };
 
 struct MouseWheelEvent : Event {
     int x = 0, y = 0;
-
-    void init(int newX, int newY);
 };
 
 struct FullscreenEvent : Event {
     bool oldValue = false, newValue = false;
-
-    void init(bool before, bool after);
 };
 
 void declareEvents(Module&);

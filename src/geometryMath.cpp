@@ -14,13 +14,12 @@ static double product(double coordinate, PyObject* factor) {
     return Convert<double>::from(Ref<>::steal(PyNumber_Multiply(toPython(coordinate).raw(), factor)).raw());
 }
 
-void Vector2::init(double newX, double newY) { assign({newX, newY}); }
 void Vector2::set(const Vector2& other) { assign(other.point()); }
 void Vector2::add(const Vector2& other) { assign(point() + other.point()); }
 void Vector2::sub(const Vector2& other) { assign(point() - other.point()); }
 void Vector2::scale(PyObject* factor) {
-    Point scaled{product(x, factor), product(y, factor)};
-    assign(scaled);
+    x = product(x, factor);
+    y = product(y, factor);
 }
 
 void Vector2::rotate(double angle) { assign(Rotation(angle * degreesToRadians)(point())); }
@@ -76,7 +75,7 @@ void declareVector2(Module& module) {
         "A mutable two-dimensional vector of floats.\n\n"
         "`+` and `-` take two vectors and give a new one. `a * b` is the dot product of two vectors,\n"
         "a float; `a * s` with any number `s` on the right is a new, scaled vector.")
-        .init<&Vector2::init>({{"x"}, {"y"}})
+        .init<&Vector2::x, &Vector2::y>({{"x"}, {"y"}})
         .method<&Vector2::set>("set", {{"other"}}, "Copies the coordinates of `other`.")
         .method<&Vector2::add>("add", {{"other"}}, "Adds `other` to this vector.")
         .method<&Vector2::sub>("sub", {{"other"}}, "Subtracts `other` from this vector.")
@@ -98,10 +97,8 @@ void declareVector2(Module& module) {
         .binaryOperator<&Vector2::plus>(&PyNumberMethods::nb_add)
         .binaryOperator<&Vector2::minus>(&PyNumberMethods::nb_subtract)
         .binaryOperator<&Vector2::times>(&PyNumberMethods::nb_multiply)
-        .property<&Vector2::x>("x", "x coordinate, float")
-        .property<&Vector2::y>("y", "y coordinate, float")
-        .property<&Vector2::x>("_x", "the same value as x")
-        .property<&Vector2::y>("_y", "the same value as y")
+        .property<&Vector2::x>({"x", "_x"}, "x coordinate, float")
+        .property<&Vector2::y>({"y", "_y"}, "y coordinate, float")
         .readonly<&Vector2::getLength>("length", "the square root of x*x + y*y, float")
         .addTo(module.raw());
 }

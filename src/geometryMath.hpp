@@ -9,7 +9,6 @@ namespace zv {
 struct Vector2 : Object {
     double x = 0, y = 0;
 
-    void init(double newX, double newY);
     void set(const Vector2& other);
     void add(const Vector2& other);
     void sub(const Vector2& other);

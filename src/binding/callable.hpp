@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 namespace zv {
 
@@ -74,7 +75,7 @@ template <auto F> PyObject* invoke(
             if constexpr (std::is_void_v<typename S::Class>)
                 return F(std::forward<std::tuple_element_t<I, typename S::Parameters>>(std::get<I>(values))...);
             else
-                return (native<typename S::Class>(self)->*F)(
+                return std::invoke(F, *native<typename S::Class>(self),
                     std::forward<std::tuple_element_t<I, typename S::Parameters>>(std::get<I>(values))...);
         };
         if constexpr (std::is_void_v<typename S::Result>) {

@@ -1,6 +1,6 @@
 // Declares native classes to Python: methods, properties, documentation.
 #pragma once
-#include "binding/callable.hpp"
+#include "binding/fields.hpp"
 
 #include <deque>
 
@@ -47,20 +47,6 @@ inline int clearEntry(PyObject* self) noexcept {
     return 0;
 }
 
-template <class T> struct Member;  // type of a data member or of a getter's result
-template <class C, class V> struct Member<V C::*> {
-    using Class = C;
-    using Value = V;
-};
-template <class C, class R> struct Member<R (C::*)()> {
-    using Class = C;
-    using Value = std::remove_cvref_t<R>;
-};
-template <class C, class R> struct Member<R (C::*)() const> {
-    using Class = C;
-    using Value = std::remove_cvref_t<R>;
-};
-
 template <auto Get> PyObject* getEntry(PyObject* self, void*) noexcept {
     using M = Member<decltype(Get)>;
     return guarded<PyObject*>(nullptr, [&] {
@@ -99,11 +85,20 @@ template <auto F> PyObject* operatorEntry(PyObject* left, PyObject* right) noexc
     return guarded<PyObject*>(nullptr, [&] { return invoke<F>(left, &right, 1, nullptr); });
 }
 
+// What a property is called: by one name or by two.
+struct Names {
+    const char* name;
+    const char* alias;
+    Names(const char* n, const char* a = nullptr) : name(n), alias(a) {}
+};
+
 template <class T, class Base = void> class Class {
 public:
-    Class(const char* name, const char* doc) : type(typeOf<T>), ready(type.tp_flags & Py_TPFLAGS_READY), classDoc(doc) {
+    Class(const char* name, const char* doc) : type(typeOf<T>), declared(type.tp_methods), classDoc(doc) {
         static_assert(std::is_base_of_v<Object, T> && alignof(T) <= alignof(void*));
-        if (ready) return;  // a second import in this process finds the class as the first one left it
+        if (declared) return;  // a second import in this process finds the class as the first one left it
+        methods.clear();       // of a first one that memory did not suffice for
+        accessors.clear();
         type.tp_name = name;
         type.tp_basicsize = sizeof(PyObject) + sizeof(T);
         type.tp_flags = Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE | Py_TPFLAGS_HAVE_GC;
@@ -120,15 +115,23 @@ public:
         }
     }
     // The class doc keeps its words: the parameters show in the signature alone.
-    template <auto F> Class& init(std::vector<Param> params = {}) {
-        if (ready) return *this;
+    template <auto F> Class& init(std::vector<Param> params = {})
+        requires(!isField<decltype(F)>)
+    {
+        if (declared) return *this;
         classSignature = Documented::of<F>().signature(shortName(), "", params);
         declareSignature<F>("__init__", std::move(params));
         type.tp_init = initEntry<F>;
         return *this;
     }
+    // A constructor that copies its arguments into these fields.
+    template <auto... Fields> Class& init(std::vector<Param> params)
+        requires(isField<decltype(Fields)> && ...)
+    {
+        return init<FieldCopy<T, Fields...>{}>(std::move(params));
+    }
     template <auto F> Class& method(const char* name, std::vector<Param> params, const char* doc) {
-        if (ready) return *this;
+        if (declared) return *this;
         Documented documented = Documented::of<F>();
         texts.push_back(documented.signature(name, "$self", params) + documented.text(params, doc));
         declareSignature<F>(name, std::move(params));
@@ -136,26 +139,32 @@ public:
         return *this;
     }
     template <auto Get> Class& readonly(const char* name, const char* doc) {
-        if (!ready) accessors.push_back({name, getEntry<Get>, nullptr, doc, nullptr});
+        if (!declared) accessors.push_back({name, getEntry<Get>, nullptr, doc, nullptr});
         return *this;
     }
-    template <auto Get, auto Set = Get> Class& property(const char* name, const char* doc) {
-        if (ready) return *this;
-        if constexpr (std::is_member_function_pointer_v<decltype(Set)>) declareSignature<Set>(name, {{"value"}});
-        accessors.push_back({name, getEntry<Get>, setEntry<Set>, doc, nullptr});
+    template <auto Get, auto Set = Get> Class& property(Names names, const char* doc) {
+        if (declared) return *this;
+        if constexpr (std::is_member_function_pointer_v<decltype(Set)>) declareSignature<Set>(names.name, {{"value"}});
+        accessors.push_back({names.name, getEntry<Get>, setEntry<Set>, doc, nullptr});
+        if (!names.alias) return *this;
+        texts.push_back(std::string("the same as ") + names.name);
+        accessors.push_back({names.alias, getEntry<Get>, setEntry<Set>, texts.back().c_str(), nullptr});
         return *this;
     }
     template <auto F> Class& repr() {
+        if (declared) return *this;
         declareSignature<F>("__repr__", {});
         type.tp_repr = reprEntry<F>;
         return *this;
     }
     template <auto F> Class& str() {
+        if (declared) return *this;
         declareSignature<F>("__str__", {});
         type.tp_str = reprEntry<F>;
         return *this;
     }
     template <auto F> Class& binaryOperator(binaryfunc PyNumberMethods::* slot) {
+        if (declared) return *this;
         declareSignature<F>("operator", {{"other"}});
         numbers.*slot = operatorEntry<F>;
         type.tp_as_number = &numbers;
@@ -166,16 +175,16 @@ public:
         return *this;
     }
     Class& addTo(PyObject* module) {
-        if (!ready) {
+        if (!declared) {
             methods.push_back({});
             accessors.push_back({});
             texts.push_back(classSignature + classDoc);
             type.tp_doc = texts.back().c_str();
-            type.tp_methods = methods.data();
             type.tp_getset = accessors.data();
-            checked(PyType_Ready(&type));
+            type.tp_methods = methods.data();  // last: the declaration is complete
         }
-        checked(PyObject_SetAttrString(module, shortName(), reinterpret_cast<PyObject*>(&type)));
+        checked(PyType_Ready(&type));  // goes on where an import ended that memory did not suffice for
+        checked(PyObject_SetAttrString(module, shortName(), classOf<T>()));
         return *this;
     }
     // An attribute of the class itself, shared by all instances.
@@ -192,7 +201,7 @@ private:
     }
 
     PyTypeObject& type;
-    const bool ready;
+    const bool declared;  // in this process, by an earlier import
     std::string classSignature, classDoc;
     // Python keeps pointers into these as long as the process lives.
     inline static std::vector<PyMethodDef> methods;
@@ -201,12 +210,15 @@ private:
     inline static PyNumberMethods numbers;
 };
 
-// Creates an object the way a script does; __init__ converts the arguments.
-template <class T, class... A> Ref<T> create(const A&... args) {
+// Creates an object from C++ as __new__ leaves it, without a detour through argument tuples.
+template <class T> Ref<T> make() { return Ref<T>::steal(newEntry<T>(&typeOf<T>, nullptr, nullptr)); }
+
+// Creates an object the way a script does, from the arguments of its constructor.
+template <class T, class... A> Ref<T> make(const A&... args)
+    requires(sizeof...(A) > 0)
+{
     return Ref<T>::steal(PyObject_CallFunctionObjArgs(classOf<T>(), toPython(args).raw()..., nullptr));
 }
-
-// Creates an object from C++ without a detour through argument tuples; call its init afterwards.
-template <class T> Ref<T> make() { return Ref<T>::steal(newEntry<T>(&typeOf<T>, nullptr, nullptr)); }
+template <class T, class... A> Ref<T> create(const A&... args) { return make<T>(args...); }
 
 }  // namespace zv

@@ -48,7 +48,7 @@ template <class T> PyObject* checkType(PyObject* o) {
 }
 template <class T> std::string typeName() {
     const char* name = pythonType<T>()->tp_name;
-    if (!name) return "object";
+    if (!name) raise(PyExc_SystemError, "a signature mentions a class that has no name yet");
     const char* dot = std::strrchr(name, '.');
     return dot ? dot + 1 : name;
 }

@@ -1,23 +1,36 @@
-// Access to dictionaries of plain values, as JSON gives them.
+// Comparison, and access to the items of containers; nullptr is None everywhere.
 #pragma once
 #include "binding/module.hpp"
 
 namespace zv {
 
-// d[key], with Python's KeyError
-inline Ref<> item(PyObject* d, const char* key) {
-    return Ref<>::steal(PyObject_GetItem(d ? d : Py_None, toPython(std::string_view(key)).raw()));
+inline PyObject* orNone(PyObject* o) { return o ? o : Py_None; }
+
+// a < b, a <= b and so on; `operation` is Py_LT, Py_LE ...
+inline bool compare(PyObject* a, int operation, PyObject* b) {
+    return checked(PyObject_RichCompareBool(orNone(a), orNone(b), operation)) != 0;
 }
+// a is b or a == b
+inline bool equal(PyObject* a, PyObject* b) { return compare(a, Py_EQ, b); }
+
+// d[key], with Python's KeyError
+inline Ref<> item(PyObject* d, PyObject* key) { return Ref<>::steal(PyObject_GetItem(orNone(d), orNone(key))); }
+inline Ref<> item(PyObject* d, const char* key) { return item(d, toPython(key).raw()); }
 
 // d[key][further key]...
 template <class... Keys> Ref<> item(PyObject* d, Name& key, Keys&... further) {
-    Ref<> value = Ref<>::steal(PyObject_GetItem(d ? d : Py_None, key.get()));
+    Ref<> value = item(d, key.get());
     if constexpr (sizeof...(further) == 0) return value;
     else return item(value.raw(), further...);
 }
 
+// sequence[index], with Python's IndexError
+inline Ref<> itemAt(PyObject* sequence, Py_ssize_t index) {
+    return Ref<>::steal(PySequence_GetItem(orNone(sequence), index));
+}
+
 // key in d
-inline bool hasItem(PyObject* d, const char* key) { return contains(d, toPython(std::string_view(key)).raw()); }
+inline bool hasItem(PyObject* d, const char* key) { return contains(d, toPython(key).raw()); }
 
 // d[key] if it is there, else the fallback
 template <class T> T itemOr(PyObject* d, const char* key, T fallback) {
@@ -25,9 +38,18 @@ template <class T> T itemOr(PyObject* d, const char* key, T fallback) {
 }
 
 // d[key] = value
-template <class T> void setItem(PyObject* d, const char* key, const T& value) {
-    checked(PyObject_SetItem(d ? d : Py_None, toPython(std::string_view(key)).raw(), toPython(value).raw()));
+template <class T> void setItem(PyObject* d, PyObject* key, const T& value) {
+    checked(PyObject_SetItem(orNone(d), orNone(key), toPython(value).raw()));
 }
+template <class T> void setItem(PyObject* d, const char* key, const T& value) {
+    setItem(d, toPython(key).raw(), value);
+}
+
+// del d[key]
+inline void deleteItem(PyObject* d, PyObject* key) { checked(PyObject_DelItem(orNone(d), orNone(key))); }
+
+// Adds to a list that no script has seen yet, or that is a list for sure.
+template <class T> void append(PyObject* list, const T& value) { checked(PyList_Append(list, toPython(value).raw())); }
 
 // A new dict, filled in the order of the calls.
 class DictBuilder {

@@ -5,7 +5,9 @@ namespace zv {
 Module& Module::source(const char* code) {
     PyObject* names = PyModule_GetDict(object);
     checked(PyDict_SetItemString(names, "__builtins__", PyEval_GetBuiltins()));  // Python adds them itself from 3.10 on
-    Ref<>::steal(PyRun_String(code, Py_file_input, names, names));
+    PyObject* result = PyRun_String(code, Py_file_input, names, names);
+    if (!result && !PyErr_Occurred()) PyErr_NoMemory();  // the parser does not always say so
+    Ref<>::steal(result);
     return *this;
 }
 

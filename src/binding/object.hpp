@@ -170,7 +170,7 @@ template <class F> bool unraisable(Name& where, F&& body) noexcept {
     PyErr_Fetch(&type, &value, &traceback);
     PyObject* name = guarded<PyObject*>(nullptr, [&] { return where.get(); });
     PyErr_Restore(type, value, traceback);
-    PyErr_WriteUnraisable(name);
+    reportUnraisable(name);
     return false;
 }
 

@@ -19,4 +19,18 @@ template <class F> void releaseInTurn([[maybe_unused]] PyObject* self, [[maybe_u
 #endif
 }
 
+// Reports the error that is set and cannot be passed on. Python 3.7 reports it without the line of the script that
+// called native code, and without building the exception first.
+inline void reportUnraisable(PyObject* where) {
+#if PY_VERSION_HEX < 0x03080000
+    PyObject *type, *value, *traceback;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    bool isTraced = traceback != nullptr;
+    PyErr_Restore(type, value, traceback);
+    if (!isTraced && PyThreadState_Get()->frame) PyTraceBack_Here(PyThreadState_Get()->frame);
+#endif
+    PyErr_WriteUnraisable(where);
+}
+
 }  // namespace zv

@@ -2,12 +2,6 @@
 
 namespace zv {
 
-void Joystick::init(Ref<Str> newName, int newAxes, int newButtons) {
-    name = std::move(newName);
-    axes = newAxes;
-    buttons = newButtons;
-}
-
 // SDL looks at upper limits only.
 double Joystick::getAxis(int axis) const {
     return handle && axis >= 0 ? SDL_JoystickGetAxis(handle, axis) * (1.0 / 32768) : 0.0;
@@ -22,18 +16,12 @@ Ref<> Joystick::text() const {
         "Joystick\n    name:    %S\n    axes:    %d\n    buttons: %d\n", Ref<Str>(name).orNone(), axes, buttons));
 }
 
-void JoystickAddedEvent::init(Ref<Joystick> newJoystick) {
-    Event::init();
-    joystick = std::move(newJoystick);
-}
-
 Ref<Joystick> openNewestJoystick() {
     SDL_Joystick* device = SDL_JoystickOpen(SDL_NumJoysticks() - 1);
     if (!device) return {};
     const char* name = SDL_JoystickName(device);
-    Ref<Joystick> joystick = make<Joystick>();
-    joystick->init(Convert<Ref<Str>>::from(toPython(name ? name : "").raw()), SDL_JoystickNumAxes(device),
-        SDL_JoystickNumButtons(device));
+    Ref<Joystick> joystick =
+        make<Joystick>(name ? name : "", SDL_JoystickNumAxes(device), SDL_JoystickNumButtons(device));
     joystick->attach(device);
     return joystick;
 }
@@ -42,7 +30,7 @@ void declareJoystick(Module& module) {
     Class<Joystick>("zelvarine.Joystick",
         "A joystick or gamepad. The engine makes them, see `Engine.joysticks`; one that a script makes has no\n"
         "device. Without a device, and after `Engine.quit`, all axes are at 0.0 and no button is pressed.")
-        .init<&Joystick::init>({{"name"}, {"axes"}, {"buttons"}})
+        .init<&Joystick::name, &Joystick::axes, &Joystick::buttons>({{"name"}, {"axes"}, {"buttons"}})
         .method<&Joystick::getAxis>("getAxis", {{"axis"}},
             "Position of an axis, counted from 0: from -1.0 to just below 1.0. An axis that the device does\n"
             "not have is at 0.0.")
@@ -55,7 +43,7 @@ void declareJoystick(Module& module) {
         .addTo(module.raw());
     Class<JoystickAddedEvent, Event>(
         "zelvarine.JoystickAddedEvent", "A joystick was plugged in, or was there from the start.")
-        .init<&JoystickAddedEvent::init>({{"joystick"}})
+        .init<&JoystickAddedEvent::joystick>({{"joystick"}})
         .readonly<&JoystickAddedEvent::joystick>("joystick", "the Joystick")
         .addTo(module.raw());
 }

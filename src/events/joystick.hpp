@@ -11,7 +11,6 @@ struct Joystick : Object {
 
     void eachRef(RefVisitor& visit) override { visit(name); }
 
-    void init(Ref<Str> newName, int newAxes, int newButtons);
     double getAxis(int axis) const;
     bool isButtonPressed(int button) const;
     Ref<> text() const;
@@ -30,7 +29,6 @@ struct JoystickAddedEvent : Event {
         Event::eachRef(visit);
         visit(joystick);
     }
-    void init(Ref<Joystick> newJoystick);
 };
 
 // Opens the device of the highest index; empty if it is gone again already.

@@ -1,5 +1,6 @@
 #include "zelvarine/engine.hpp"
 
+#include "binding/items.hpp"
 #include "renderer.hpp"
 #include "resources/sound.hpp"
 #include "sdl/error.hpp"
@@ -11,34 +12,32 @@ namespace zv {
 
 static constexpr int maxAudioChannels = 65536;  // SDL_mixer does not notice when memory does not hold them
 
-void Engine::init(const char* title, std::tuple<int, int> size, bool fullscreen, bool show, bool resizeable,
-    PyObject* windowid, PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey) {
+static bool isTrue(PyObject* flag) { return Convert<bool>::from(flag ? flag : Py_False); }
+
+// Each argument is converted where it is used: what comes before a bad one has happened.
+void Engine::init(Ref<Str> title, PyObject* size, PyObject* fullscreen, Ref<> show, PyObject* resizeable,
+    Ref<> windowid, PyObject* icon, PyObject* captureMouse, int audioChannels, Ref<> newKillWithEscapeKey) {
     if (audioChannels > maxAudioChannels) raise(PyExc_ValueError, "audioChannels must be at most %d", maxAudioChannels);
-    bool opensWindow = !windowid || checked(PyObject_RichCompareBool(windowid, toPython(-1).raw(), Py_EQ));
     if (!SDL_WasInit(SDL_INIT_VIDEO)) SDL_InitSubSystem(SDL_INIT_VIDEO | SDL_INIT_JOYSTICK);  // after a quit
 
     Mix_AllocateChannels(audioChannels);
-    killWithEscapeKey = newKillWithEscapeKey;
-    auto [width, height] = size;
+    killWithEscapeKey = isTrue(newKillWithEscapeKey.raw());
+    auto [width, height] = Convert<std::tuple<int, int>>::from(size);
     uint32_t flags = 0;
-    if (!show) flags |= SDL_WINDOW_HIDDEN;
-    if (resizeable) flags |= SDL_WINDOW_RESIZABLE;
-    if (captureMouse) {
+    if (!isTrue(show.raw())) flags |= SDL_WINDOW_HIDDEN;
+    if (isTrue(resizeable)) flags |= SDL_WINDOW_RESIZABLE;
+    if (isTrue(captureMouse)) {
         SDL_SetRelativeMouseMode(SDL_TRUE);
         flags |= SDL_WINDOW_INPUT_GRABBED;
     }
+    bool opensWindow = equal(windowid.raw(), toPython(-1).raw());
     close();  // a second init replaces the window
-    try {
-        if (opensWindow) openWindow(title, width, height, flags, icon);
-        createRenderer(width, height);
-    } catch (...) {
-        close();
-        throw;
-    }
+    if (opensWindow) openWindow(title, width, height, flags, icon);
+    createRenderer(width, height);
     lastTicks = SDL_GetTicks();
     fps = 0.0;
     timeStep = 1.0 / 60;
-    if (fullscreen) addFullscreenTask();
+    if (isTrue(fullscreen)) addFullscreenTask();
     running = true;
 }
 
@@ -70,6 +69,7 @@ void Engine::run(double maxFps) {
     if (maxFps == 0) raise(PyExc_ZeroDivisionError, "float division by zero");
     double minFrameTime = 1.0 / maxFps;
     while (running) {
+        checked(PyErr_CheckSignals());  // with native systems only, nothing else sees Ctrl-C
         call<&Engine::update>(*this);
         double lastFps = call<&Engine::getFps>(*this);
         double frameTime = 1.0 / (lastFps > 0 ? lastFps : 1);
@@ -91,6 +91,7 @@ void Engine::close() {
     frameTexture.reset();
     renderer.reset();
     window.reset();
+    windowed = {};
 }
 
 void setEngineAttributes() {
@@ -114,9 +115,10 @@ void declareEngine(Module& module) {
         .init<&Engine::construct>()
         .readonly<&Engine::ecs>("ecs", "the Ecs of this engine")
         .method<&Engine::init>("init",
-            {{"title"}, {"size"}, {"fullscreen", false}, {"show", true}, {"resizeable", false}, {"windowid", -1, "int"},
-                {"icon", None{}, "str or None"}, {"captureMouse", false}, {"audioChannels", 32},
-                {"killWithEscapeKey", true}},
+            {{"title", Required{}, "str"}, {"size", Required{}, "(int, int)"}, {"fullscreen", false, "bool"},
+                {"show", true, "bool"}, {"resizeable", false, "bool"}, {"windowid", -1, "int"},
+                {"icon", None{}, "str or None"}, {"captureMouse", false, "bool"}, {"audioChannels", 32},
+                {"killWithEscapeKey", true, "bool"}},
             "Opens the window and makes the engine ready to run.\n\n"
             "`size` is the size of the picture in pixels; it stays, and is stretched over the window when that\n"
             "changes. With `fullscreen` the first frame enters fullscreen. `show` tells whether the window is\n"
@@ -125,7 +127,7 @@ void declareEngine(Module& module) {
             "many sounds can play at a time, at most 65536. With `killWithEscapeKey` the Escape key stops the\n"
             "engine. Windows of others are not supported: a `windowid` other than -1 always fails.\n\n"
             "An engine that has a window already gets a new one in its place. If no window or renderer can be\n"
-            "created, EngineSdlException is raised, and the engine has no window and does not run.")
+            "created, EngineSdlException is raised, and the engine does not run.")
         .method<&Engine::ensureInit>("_ensureInit", {}, "Raises EngineException unless the engine is running.")
         .method<&Engine::isRunning>(
             "isRunning", {}, "Whether the engine runs: from `init` until the user stops it, or until `quit`.")
@@ -139,8 +141,8 @@ void declareEngine(Module& module) {
             "Plays frames, at most `maxFps` of them per second, until the engine stops, and cancels the timers\n"
             "that are still waiting. Raises ZeroDivisionError for 0 frames per second.")
         .method<&Engine::quit>("quit", {},
-            "Closes the window and ends SDL. After calling quit, no more update or render calls are possible.\n\n"
-            "This ends all engines of the process, and their joysticks. A frame in progress goes on without a\n"
+            "After calling quit, no more update or render calls are possible.\n\n"
+            "Closes the window and ends SDL. This ends all engines of the process, and their joysticks. A frame in progress goes on without a\n"
             "window. `init` starts video and joysticks anew, where SDL can do so, but no sound.")
         .method<&Engine::getFps>("getFps", {}, "Frames per second, according to the length of the last frame alone.")
         .method<&Engine::getTimeStep>("getTimeStep", {}, "Length of the last frame in seconds.")

@@ -15,8 +15,8 @@ struct Engine : Object {
 
     // Lifecycle and frame
     void construct() {}
-    void init(const char* title, std::tuple<int, int> size, bool fullscreen, bool show, bool resizeable,
-        PyObject* windowid, PyObject* icon, bool captureMouse, int audioChannels, bool newKillWithEscapeKey);
+    void init(Ref<Str> title, PyObject* size, PyObject* fullscreen, Ref<> show, PyObject* resizeable, Ref<> windowid,
+        PyObject* icon, PyObject* captureMouse, int audioChannels, Ref<> newKillWithEscapeKey);
     void ensureInit() const;
     bool isRunning() const { return running; }
     void update();
@@ -65,7 +65,7 @@ private:
     double fps = 0.0;
     double timeStep = 1.0 / 60;  // seconds
     int mouseDistX = 0, mouseDistY = 0;
-    SDL_Rect windowed{};  // where the window was before fullscreen
+    SDL_Rect windowed{};  // where the window was before fullscreen; empty while no toggle is to restore it
     BeforeSdlQuit beforeQuit{[this] { close(); }};
 
     // Frame
@@ -89,7 +89,7 @@ private:
     void cancelTimers();
 
     // Window
-    void openWindow(const char* title, int width, int height, uint32_t flags, PyObject* icon);
+    void openWindow(const Ref<Str>& title, int width, int height, uint32_t flags, PyObject* icon);
     void createRenderer(int width, int height);
     void close();
     void toggleWindow();

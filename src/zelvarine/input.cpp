@@ -1,6 +1,7 @@
 // Events, the input step of the frame, and the state of keyboard and mouse.
 #include "zelvarine/engine.hpp"
 
+#include "binding/items.hpp"
 #include "core/numbers.hpp"
 #include "events/joystick.hpp"
 
@@ -8,8 +9,7 @@ namespace zv {
 
 void Engine::subscribeEvent(PyObject* eventType, PyObject* eventHandler) {
     Ref<> subscribers = getAttribute(self(), "_eventSubscribers"_name);
-    if (!contains(subscribers.raw(), eventType))
-        checked(PyObject_SetItem(subscribers.raw(), eventType, Ref<>::steal(PyList_New(0)).raw()));
+    if (!contains(subscribers.raw(), eventType)) setItem(subscribers.raw(), eventType, Ref<>::steal(PyList_New(0)));
     callByName(handlersOf(eventType).raw(), "append"_name, eventHandler);
 }
 
@@ -22,7 +22,7 @@ void Engine::unsubscribeEvent(PyObject* eventType, PyObject* eventHandler) {
 Ref<> Engine::handlersOf(PyObject* eventType) const {
     Ref<> subscribers = getAttribute(self(), "_eventSubscribers"_name);
     if (!contains(subscribers.raw(), eventType)) return {};
-    return Ref<>::steal(PyObject_GetItem(subscribers.raw(), eventType));
+    return item(subscribers.raw(), eventType);
 }
 
 void Engine::fireEvent(PyObject* event, PyObject* eventType) {
@@ -35,7 +35,7 @@ void Engine::fire(PyObject* event) { callByName(self(), signatureOf<&Engine::fir
 
 // Gives every handler an event of its own, so that none sees what another one noted in it.
 template <class E> static void giveEach(const Ref<>& handlers, auto... values) {
-    if (handlers) forEach(handlers.raw(), [&](PyObject* handler) { callFunction(handler, create<E>(values...)); });
+    if (handlers) forEach(handlers.raw(), [&](PyObject* handler) { callFunction(handler, make<E>(values...)); });
 }
 
 void Engine::updateInput() {
@@ -67,7 +67,7 @@ void Engine::handleKey(int key) {
     bool ctrl = keyState(SDLK_LCTRL) || keyState(SDLK_RCTRL);
     bool alt = keyState(SDLK_LALT) || keyState(SDLK_RALT);
     bool shift = keyState(SDLK_LSHIFT) || keyState(SDLK_RSHIFT);
-    fire(create<KeyEvent>(key, ctrl, alt, shift).raw());
+    fire(make<KeyEvent>(key, ctrl, alt, shift).raw());
 }
 
 void Engine::handleClick(const SDL_MouseButtonEvent& click) {
@@ -84,7 +84,7 @@ void Engine::handleJoystickAdded() {
     Ref<Joystick> joystick = openNewestJoystick();
     if (!joystick) return;  // unplugged meanwhile
     callByName(getAttribute(self(), "_joysticks"_name).raw(), "append"_name, joystick);
-    fire(create<JoystickAddedEvent>(joystick).raw());
+    fire(make<JoystickAddedEvent>(joystick).raw());
 }
 
 std::tuple<double, double> Engine::getDisplayScaleFactor() const {

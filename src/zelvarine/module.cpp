@@ -52,6 +52,11 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
         declareConstants(module);
         declareKeys(module);
 
+        // Signatures mention these before they are declared.
+        typeOf<Engine>.tp_name = "zelvarine.Engine";
+        typeOf<Ecs>.tp_name = "zelvarine.Ecs";
+        typeOf<AbstractUIContainer>.tp_name = "zelvarine.AbstractUIContainer";
+
         declareVector2(module);
         declareTerminalColors(module);
         declareEvents(module);

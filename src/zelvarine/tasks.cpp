@@ -1,6 +1,8 @@
 // Tasks, which run once per frame, and the timers that add them later.
 #include "zelvarine/engine.hpp"
 
+#include "binding/items.hpp"
+
 namespace zv {
 
 void Engine::addTask(PyObject* task, PyObject* onDone) {
@@ -31,14 +33,14 @@ static PyObject* timerTarget(PyObject* captured, PyObject*) noexcept {
 
 void Engine::addTaskAfter(PyObject* delaySeconds, PyObject* task, PyObject* onDone) {
     static PyMethodDef target{"timerTarget", timerTarget, METH_NOARGS, nullptr};
-    if (checked(PyObject_RichCompareBool(delaySeconds, toPython(0).raw(), Py_LE))) {
+    if (compare(delaySeconds, Py_LE, toPython(0).raw())) {
         callByName(self(), signatureOf<&Engine::addTask>.name, task, onDone);
         return;
     }
     Ref<> captured = Ref<>::steal(PySequence_List(toPython(std::tuple(self(), task, onDone)).raw()));
     Ref<> function = Ref<>::steal(PyCFunction_New(&target, captured.raw()));
     Ref<> timer = callFunction(Module::global("Timer"_name).raw(), delaySeconds, function);
-    checked(PyList_Append(captured.raw(), timer.raw()));
+    append(captured.raw(), timer);
     callByName(getAttribute(self(), "_timers"_name).raw(), "append"_name, timer);
     callByName(timer.raw(), "start"_name);
 }

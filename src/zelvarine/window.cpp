@@ -4,6 +4,7 @@
 #include "events.hpp"
 #include "renderer.hpp"
 #include "sdl/error.hpp"
+#include "sdl/text.hpp"
 
 #include <SDL_image.h>
 
@@ -13,8 +14,9 @@ namespace zv {
 
 static constexpr int maxWindowSize = 16384;  // SDL looks at it only when it creates a window
 
-void Engine::openWindow(const char* title, int width, int height, uint32_t flags, PyObject* icon) {
-    window.reset(SDL_CreateWindow(title, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, width, height, flags));
+void Engine::openWindow(const Ref<Str>& title, int width, int height, uint32_t flags, PyObject* icon) {
+    Utf8 text(title.orNone());
+    window.reset(SDL_CreateWindow(text, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, width, height, flags));
     if (!window) raiseSdl("Could not initialize the window.");
     if (icon && icon != Py_None) callByName(self(), signatureOf<&Engine::setWindowIcon>.name, icon);
 }
@@ -88,6 +90,7 @@ void Engine::setWindowIcon(const char* filename) {
 
 void Engine::setFullscreen(bool fullscreen) {
     if (window) SDL_SetWindowFullscreen(window.get(), fullscreen ? SDL_WINDOW_FULLSCREEN : 0);
+    if (!fullscreen) windowed = {};
 }
 
 bool Engine::isFullscreen() const {
@@ -98,7 +101,7 @@ void Engine::toggleFullscreen() {
     bool before = call<&Engine::isFullscreen>(*this);
     toggleWindow();
     bool after = call<&Engine::isFullscreen>(*this);
-    fire(create<FullscreenEvent>(before, after).raw());
+    fire(make<FullscreenEvent>(before, after).raw());
 }
 
 void Engine::toggleWindow() {
@@ -109,6 +112,7 @@ void Engine::toggleWindow() {
         if (SDL_RectEmpty(&windowed)) return;  // entered by setFullscreen: SDL restores the window by itself
         SDL_SetWindowSize(w, windowed.w, windowed.h);
         SDL_SetWindowPosition(w, windowed.x, windowed.y);
+        windowed = {};
     } else {
         SDL_GetWindowPosition(w, &windowed.x, &windowed.y);
         SDL_GetWindowSize(w, &windowed.w, &windowed.h);

@@ -1,0 +1,91 @@
+"""What all native classes share: how they take arguments, are told about, hold their references, and end."""
+import ctypes
+import gc
+import inspect
+import itertools
+import sys
+
+import pytest
+
+import helpers
+import zelvarine as z
+
+CLASSES = sorted((c for c in vars(z).values() if isinstance(c, type) and c.__module__ == "zelvarine"
+                  and not c.__flags__ & (1 << 9)), key=lambda c: c.__name__)  # bit 9: made by a class statement
+
+
+def test_arguments_outlive_the_dict_that_they_came_from():
+    class Emptying:
+        def __float__(self):
+            keywords.clear()
+            self.others = [float(i) for i in range(200)]  # they take the memory of what is gone
+            return 1.0
+
+    keywords = {"x": Emptying(), "y": float("12.25")}
+    call = ctypes.pythonapi.PyObject_Call  # hands over the dict itself, as f(**d) does before Python 3.9
+    call.restype, call.argtypes = ctypes.py_object, [ctypes.py_object] * 3
+    v = call(z.Vector2, (), keywords)
+    assert (v.x, v.y) == (1.0, 12.25)
+
+
+def test_unrelated_classes_do_not_mix():
+    for a, b in itertools.combinations(CLASSES, 2):
+        if not issubclass(a, b) and not issubclass(b, a):
+            with pytest.raises(TypeError):
+                type("Both", (a, b), {})
+
+
+@pytest.mark.parametrize("cls", [z.Engine, z.Vector2, z.KeyEvent])
+def test_a_class_outlives_its_instances_and_no_more(cls):
+    memory = pytest.importorskip("_testcapi")
+    own, failures = type("Own", (cls,), {}), 0
+    before = sys.getrefcount(own)
+    for start in range(12):
+        own.__new__(own), cls.__new__(cls)
+        with pytest.raises(TypeError):
+            own("surplus")
+        memory.set_nomemory(start, start + 1)
+        try:
+            own.__new__(own)
+        except MemoryError:
+            failures += 1
+        finally:
+            memory.remove_mem_hooks()
+    gc.collect()
+    assert failures and sys.getrefcount(own) == before
+
+
+@pytest.mark.parametrize("recursion", [
+    "engine.subscribeEvent(z.Event, engine.fireEvent); engine.fireEvent(z.Event())",
+    "system.update = engine.ecs.update; engine.ecs.addSystem(system); engine.ecs.update(1)",
+])
+def test_endless_recursion_of_native_code(recursion):
+    result = helpers.runScript("""
+import zelvarine as z
+engine, system = z.Engine(), type("Own", (z.AbstractSystem,), {})()
+try:
+    %s
+except RecursionError:
+    print("ended")""" % recursion)
+    assert (result.returncode, result.stdout) == (0, "ended\n"), result.stderr
+
+
+def test_constructors_fill_all_fields_anew():
+    event = z.ButtonClickEvent(None, 1, 2, 3)
+    event.isAlreadyHandled = True
+    event.__init__(None, 4.9, -5.9, True)
+    assert (event.isAlreadyHandled, event.target, event.x, event.y, event.button) == (False, None, 4, -5, 1)
+
+
+def test_documentation():
+    assert str(inspect.signature(z.Engine.fireEvent)) == "(self, /, evt, evtType=None)"
+    assert str(inspect.signature(z.Camera)) == "(pos, dir, fov, pitch, ratio=1.6)"
+    assert z.Vector2.angleTo.__doc__.endswith("\n@param(other, Vector2)\n@return(float)")
+    assert z.Engine.quit.__doc__.startswith("After calling quit, no more update or render calls are possible.")
+    for cls, (name, member) in ((cls, item) for cls in CLASSES for item in vars(cls).items()):
+        if inspect.isroutine(member) and not name.startswith("__"):
+            parameters = [p.name for p in inspect.signature(member).parameters.values() if p.kind != p.VAR_POSITIONAL]
+            lines = [line.split("(")[1].split("=")[0].split(",")[0] for line in member.__doc__.split("\n") if line.startswith("@param")]
+            assert parameters[1:] == lines, (cls, name)
+    docs = [member.__doc__ or "" for cls in CLASSES for name, member in vars(cls).items() if name != "getComponent"]
+    assert "object or None" not in "".join(docs)
