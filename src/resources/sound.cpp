@@ -1,7 +1,7 @@
 #include "resources/sound.hpp"
 
+#include "sdl/audiofile.hpp"
 #include "sdl/error.hpp"
-#include "sdl/musicfile.hpp"
 #include "sdl/text.hpp"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ Ref<> SoundHandle::isPlaying() const {
 void Sound::init(Ref<> filepath) {
     Utf8 path(filepath.raw());
     Resource::init(filepath);
-    chunk.reset(Mix_LoadWAV_RW(SDL_RWFromFile(path, "rb"), 1));
+    chunk.reset(isPlayable(path) ? Mix_LoadWAV_RW(SDL_RWFromFile(path, "rb"), 1) : nullptr);
     if (!chunk) raise(PyExc_IOError, "Unable to load sound file '%S'", filepath.raw());
 }
 

@@ -1,4 +1,4 @@
-#include "sdl/musicfile.hpp"
+#include "sdl/audiofile.hpp"
 
 #include <SDL.h>
 
@@ -20,7 +20,11 @@ constexpr Uint32 tag(const char (&t)[5]) {
 // SDL_mixer counts the channels in a byte and divides by them.
 bool hasChannels(Uint16 channels) { return (channels & 0xFF) != 0; }
 
-// A list of `count` loops that the chunk has no room for is read all the same.
+// Samples per second. Of fewer, a short file becomes hours of sound, and memory and time are used up over converting
+// it.
+bool isBearable(Uint32 rate) { return rate >= 100; }
+
+// A list of loops that the chunk has no room for is read all the same.
 bool holdsItsLoops(SDL_RWops* file, Uint32 length) {
     constexpr Uint32 head = 36, loop = 24;
     if (length < head) return false;
@@ -32,10 +36,22 @@ bool isPlayableWav(SDL_RWops* file, Uint32 chunk, Uint32 length) {
     if (chunk == tag("smpl")) return holdsItsLoops(file, length);
     if (chunk != tag("fmt ")) return true;
     SDL_ReadLE16(file);  // the encoding
-    return hasChannels(SDL_ReadLE16(file));
+    return hasChannels(SDL_ReadLE16(file)) && isBearable(SDL_ReadLE32(file));
 }
 
-bool isPlayableAiff(SDL_RWops* file, Uint32 chunk) { return chunk != tag("COMM") || hasChannels(SDL_ReadBE16(file)); }
+// The rate of an AIFF file: a number of 80 bits, cut to an integer as SDL_mixer does it.
+Uint32 readRate(SDL_RWops* file) {
+    Uint32 exponent = SDL_ReadBE16(file), digits = SDL_ReadBE32(file);
+    if (exponent < 0x4000) return 1;
+    return exponent > 0x401C ? SDL_MAX_UINT32 : digits >> 1 >> (0x401D - exponent);
+}
+
+bool isPlayableAiff(SDL_RWops* file, Uint32 chunk) {
+    if (chunk != tag("COMM")) return true;
+    bool channels = hasChannels(SDL_ReadBE16(file));
+    SDL_RWseek(file, 6, RW_SEEK_CUR);  // the number of samples, the size of each
+    return channels && isBearable(readRate(file));
+}
 
 }  // namespace
 
