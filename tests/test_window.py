@@ -32,16 +32,17 @@ def test_fullscreen(engine):
     engine.setWindowPos((11, 12))
     (event, display), (back, before) = toggled(), toggled()
     assert (event, back, before) == ((False, True), (True, False), (11, 12, 64, 48)) and display[2:] > before[2:]
-    toggled()
-    engine.setFullscreen(False)  # takes the rectangle of the toggle along
-    engine.setWindowPos((70, 80))
-    engine.setWindowSize((30, 20))
-    engine.setFullscreen(1)
-    assert engine.isFullscreen() is True and events == []  # only a toggle fires
-    event, after = toggled()  # what SDL makes of it
-    assert event == (True, False) and engine.isFullscreen() is False and after not in (before, (0, 0, 0, 0))
-    toggled()
-    engine.init("t", (40, 30), fullscreen=True)  # as does a window that ends
+    ends = (toggled, lambda: engine.setFullscreen(False), lambda: engine.init("t", (64, 48)))
+    for end in ends:  # each takes the rectangle along that a toggle had saved
+        engine.setWindowPos((11, 12))
+        toggled()
+        end()
+        engine.setWindowPos((70, 80))
+        engine.setFullscreen(1)
+        assert engine.isFullscreen() is True and events == []  # only a toggle fires
+        event, after = toggled()  # what SDL makes of it
+        assert event == (True, False) and engine.isFullscreen() is False and after not in (before, (0, 0, 0, 0))
+    engine.init("t", (40, 30), fullscreen=True)
     assert not engine.isFullscreen()
     engine.update()
     assert engine.isFullscreen() and Engine._tasks == events == []
