@@ -34,7 +34,8 @@ def test_fullscreen(engine):
     assert (event, back, before) == ((False, True), (True, False), (11, 12, 64, 48)) and display[2:] > before[2:]
     ends = (toggled, lambda: engine.setFullscreen(False), lambda: engine.init("t", (64, 48)))
     for end in ends:  # each takes the rectangle along that a toggle had saved
-        engine.setWindowPos((11, 12))
+        engine.setWindowPos(before[:2])
+        engine.setWindowSize(before[2:])
         toggled()
         end()
         engine.setWindowPos((70, 80))
@@ -49,7 +50,7 @@ def test_fullscreen(engine):
 
 
 @pytest.mark.parametrize("arguments, expected", [
-    (dict(), 0), (dict(show=False), HIDDEN), (dict(resizeable=True), RESIZABLE), (dict(captureMouse=True), GRABBED)])
+    (dict(), 0), (dict(show=False, windowid=-1.0), HIDDEN), (dict(resizeable=True), RESIZABLE), (dict(captureMouse=True), GRABBED)])
 def test_flags_of_the_window(engine, arguments, expected):
     engine.init("t", (40, 30), **arguments)
     assert helpers.sdl.SDL_GetWindowFlags(helpers.newestWindow()) & (HIDDEN | RESIZABLE | GRABBED) == expected
