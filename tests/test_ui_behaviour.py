@@ -73,6 +73,8 @@ def test_clicks_go_to_the_topmost_that_takes_them(ui):
         ui.renderer._onClick(event)
         assert (event.isAlreadyHandled, clicks) == (bool(handled), handled)
         clicks.clear()
+    ui.frame(17, 9)
+    assert button.isHovered and button._onClick(MouseClickEvent(50, 50, 1)) is False  # what counts is where the click was
     for remove in lambda: ui.root.removeChild(panel), ui.root.removeAllChildren:
         remove()
         panel._x = 77
@@ -89,35 +91,38 @@ def test_through_a_real_engine(engine, tmp_path):
     assert engine._eventSubscribers[MouseClickEvent] == engine._eventSubscribers[MouseWheelEvent] == []
     engine.ecs.addSystem(renderer)
     engine.setWindowSize((128, 96))
-    button, slider, fired = UIButton("x"), UISlider(95), []
+    button, fired = UIButton("x"), []
     panel = sized(UIScrollPanel(sized(UIWidget(), 5, 300)), 30, 20)
     button.onClick = fired.append
     for event_type in SliderValueChangedEvent, ButtonClickEvent:
         engine.subscribeEvent(event_type, fired.append)
-    for widget, y in (button, 0), (slider, 20), (panel, 30):
-        renderer.widget.addChild(widget, 2, y)
+    renderer.widget.addChild(button, 2, 0)
+    renderer.widget.addChild(panel, 2, 25)
     engine.update()
-    for x, y in (3, 5), (37, 22), (37, 22), (30, 22), (3, 22), (10, 35):
+    for x, y in (3, 5), (60, 5), (10, 35):
         helpers.moveMouse(2 * x, 2 * y)
         engine.update()
         helpers.pushButton(2 * x, 2 * y)
         helpers.pushWheel(0, -1)
         engine.update()
-    called, click, *steps = fired
-    assert called is click
-    assert (click.target, click.x, click.y, click.button) == (button, 3, 5, zelvarine.MOUSE_LEFT)
-    assert [(e.oldValue, e.newValue) for e in steps] == [(95, 100), (100, 90), (0, 50)] and steps[0].target is slider
+    called, click, scrolled = fired
+    assert called is click and (click.target, click.x, click.y, click.button) == (button, 3, 5, zelvarine.MOUSE_LEFT)
+    assert (scrolled.oldValue, scrolled.newValue) == (0, 50)
 
 
 def test_values_of_sliders(ui):
-    slider, half, fired = UISlider(150), UISlider(50, 50, 100), []
+    slider, half, fired = sized(UISlider(150), 60), UISlider(50, 50, 100), []
     ui.engine.subscribeEvent(SliderValueChangedEvent, fired.append)
     slider.value = 120
     assert slider.value == 100 and fired == []  # no engine yet
     ui.root.addChild(slider, 0, 0)
-    for slider.value in (100, 101, -5, -7, 30.9):
+    for slider.value in (100, 101, -5, -7, 30.9, 95):
         pass
-    assert [(e.oldValue, e.newValue) for e in fired] == [(100, 0), (0, 30)]
+    for x in 55, 55, 30, 3:  # the buttons at the ends, and between them
+        ui.frame(x, 2)
+        slider._onClick(CLICK)
+    assert [(e.target, e.oldValue, e.newValue) for e in fired] == [
+        (slider, *change) for change in ((100, 0), (0, 30), (30, 95), (95, 100), (100, 90))]
     for half.percent, value in ((0.5, 75), (1e300, 100), (float("-inf"), 50), (0.999, 99)):
         assert half.value == value and half.percent == pytest.approx((value - 50) / 50)
     with pytest.raises(ValueError):
@@ -160,7 +165,7 @@ def test_scrolling(ui):
     panel.content = sized(UIScrollPanel(sized(UIWidget(), 5, 300)), 50, 300)
     ui.frame(15, 15)
     assert panel._onScroll(MouseWheelEvent(0, -1)) is True and ui.root._onScroll(WHEEL) is True
-    assert UIListContainer()._onScroll(WHEEL) is None
+    assert UIListContainer()._onScroll(WHEEL) is None and panel.getChildren() == [panel.content]
 
 
 def test_scripts_override_and_change_the_tree(ui):
@@ -284,6 +289,8 @@ def test_failures_of_theme_clip_and_texture(ui):
     with pytest.raises(OverflowError):
         image.texture = endless
     assert (image.texture, image.width, image.height) == (endless, 7, 4)
+    for image.alpha, kept in (300, 255), (-5, 0), (128, 128):
+        assert image.alpha == kept
     ui.root.addChild(button, 0, 0)
     ui.frame()
     ui.target.fill((0, 0, 0))
