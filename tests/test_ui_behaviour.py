@@ -4,8 +4,8 @@ import random
 import pytest
 import zelvarine
 from zelvarine import (SIZE_FIXED, ButtonClickEvent, EngineException, MouseClickEvent, MouseWheelEvent,
-                       SliderValueChangedEvent, Texture, UIAnchoredContainer, UIButton, UIImage, UIListContainer, UIPanel,
-                       UIRenderer, UIScrollPanel, UISlider, UIText, UIWidget)
+                       SliderValueChangedEvent, Texture, UIAnchoredContainer, UIButton, UIImage, UIListContainer,
+                       UIPanel, UIRenderer, UIScrollPanel, UISlider, UIText, UIWidget)
 
 import helpers
 from ui_reference import BACKGROUND, WIDGETS, FlatTheme, Sketch, Stage, write_theme
@@ -74,7 +74,7 @@ def test_clicks_go_to_the_topmost_that_takes_them(ui):
         assert (event.isAlreadyHandled, clicks) == (bool(handled), handled)
         clicks.clear()
     ui.frame(17, 9)
-    assert button.isHovered and button._onClick(MouseClickEvent(50, 50, 1)) is False  # what counts is where the click was
+    assert button.isHovered and button._onClick(MouseClickEvent(50, 50, 1)) is False  # it was elsewhere
     for remove in lambda: ui.root.removeChild(panel), ui.root.removeAllChildren:
         remove()
         panel._x = 77
@@ -176,7 +176,11 @@ def test_scripts_override_and_change_the_tree(ui):
         onClick = lambda self, event: calls.append(event)
 
     class Fickle(UIWidget):
-        update = _onClick = lambda self, *arguments: (ui.root.removeAllChildren(), ui.root.addChild(UIText("new"), 0, 0))[2:]
+        def update(self, *arguments):
+            ui.root.removeAllChildren()
+            ui.root.addChild(UIText("new"), 0, 0)
+
+        _onClick = update
 
     calls = []
     ui.root.addChild(sized(Everywhere()), 5, 6)
@@ -222,8 +226,8 @@ def test_children_that_refuse(ui, make):
             container.addChild(child, *(0, 0) if isinstance(container, UIAnchoredContainer) else ())
 
     container, refusing = make(), Refusing()
-    for child, error, stays in [(refusing, LookupError, True), (None, AttributeError, False), ("child", TypeError, False),
-                                (container, RecursionError, True)]:
+    for child, error, stays in [(refusing, LookupError, True), (None, AttributeError, False),
+                                ("child", TypeError, False), (container, RecursionError, True)]:
         with pytest.raises(error):
             add(child)
         assert (child in container.getChildren()) == stays
@@ -232,9 +236,9 @@ def test_children_that_refuse(ui, make):
     assert container not in container.getChildren() and container.getParent() is None
     ui.renderer.widget = sized(container)
     container.getChildren().append(container)
-    for walk in ui.frame, lambda: container.update(0, 0, 0), lambda: container._onClick(CLICK), lambda: container._onScroll(WHEEL):
+    for walk, *given in (ui.frame,), (container.update, 0, 0, 0), (container._onClick, CLICK), (container._onScroll, WHEEL):
         with pytest.raises(RecursionError):
-            walk()
+            walk(*given)
 
 
 def black(ui, left, top, right, bottom):
@@ -261,7 +265,8 @@ def test_children_that_draw_by_themselves_are_cut(ui, make):
 @pytest.mark.parametrize("make, missing, steps", [
     (lambda: UIButton(""), ("button", "normal", "middle"), lambda s: s.blit((2, 1, 4, 20), (5, 6, 0, 0))),
     (lambda: UIButton(""), ("button", "normal", "left"), lambda s: None), (UIPanel, ("panel", "x"), lambda s: None),
-    (lambda: UISlider(1), ("slider", "leftButton"), lambda s: s.horizontal_bar(WIDGETS["slider"]["horizontalBackground"], 5, 6, 40))])
+    (lambda: UISlider(1), ("slider", "leftButton"),
+     lambda s: s.horizontal_bar(WIDGETS["slider"]["horizontalBackground"], 5, 6, 40))])
 def test_what_is_drawn_before_a_failure(ui, make, missing, steps):
     widget, table, sketch = sized(make(), 40, 30), ui.renderer.theme.widgets, Sketch()
     ui.root.addChild(widget, 5, 6)
