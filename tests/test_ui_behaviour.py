@@ -129,7 +129,7 @@ def test_values_of_sliders(ui):
         half.percent = float("nan")
 
 
-@pytest.mark.parametrize("vertical, start, along, knob", [(False, 9, 125, 6), (True, 8, 87, 8)])
+@pytest.mark.parametrize("vertical, start, along, knob", [(False, 9, 124, 7), (True, 8, 87, 8)])
 def test_the_knob_follows_the_mouse(ui, vertical, start, along, knob):
     slider = sized(UISlider(500, 0, 1000, int(vertical)), *((13, 110) if vertical else (150, 14)))
     ui.root.addChild(slider, 0, 0)

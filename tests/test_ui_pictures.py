@@ -11,7 +11,7 @@ import helpers
 from ui_reference import BACKGROUND, FONT_COLOR, WIDGETS, FlatFont, FlatTheme, Sketch, Stage, Surface
 
 NO_CLIP = (-1,) * 4
-SLIDER, SCROLL_BAR = (3 + 2 + 6 + 6 + 9 + 10, 10), (9, 3 + 2 + 8 + 8 + 6 + 12)  # their sizes
+SLIDER, SCROLL_BAR = (3 + 2 + 7 + 7 + 9 + 10, 10), (9, 3 + 2 + 8 + 8 + 6 + 12)  # their sizes
 
 
 @pytest.fixture

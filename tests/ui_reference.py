@@ -23,7 +23,7 @@ WIDGETS = {
         **{name + "Button": {look: {"x": x, "y": y, "width": width, "height": height}
                              for look, x in (("normal", x), ("hover", x + width))}
            for name, x, y, width, height in [
-            ("horizontal", 20, 31, 6, 14), ("vertical", 28, 31, 13, 8), ("left", 0, 45, 9, 11),
+            ("horizontal", 20, 31, 7, 14), ("vertical", 28, 31, 13, 8), ("left", 0, 45, 9, 11),
             ("right", 40, 14, 10, 8), ("top", 20, 46, 8, 6), ("bottom", 40, 40, 7, 12)]},
     },
     "scrollPanel": {"sliderMargin": {"top": 2, "right": 3, "bottom": 4, "left": 9},
