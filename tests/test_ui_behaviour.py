@@ -4,8 +4,8 @@ import random
 import pytest
 import zelvarine
 from zelvarine import (SIZE_FIXED, ButtonClickEvent, EngineException, MouseClickEvent, MouseWheelEvent,
-                       SliderValueChangedEvent, Texture, UIAnchoredContainer, UIButton, UIImage, UIListContainer, UIPanel,
-                       UIRenderer, UIScrollPanel, UISlider, UIText, UIWidget)
+                       SliderValueChangedEvent, Texture, UIAnchoredContainer, UIButton, UIImage, UIListContainer,
+                       UIPanel, UIRenderer, UIScrollPanel, UISlider, UIText, UIWidget)
 
 import helpers
 from ui_reference import BACKGROUND, WIDGETS, FlatTheme, Sketch, Stage, write_theme
@@ -24,16 +24,6 @@ def sized(widget, width=20, height=10):
     return widget
 
 
-class Recorder(UIWidget):
-    """Notes its drags."""
-    def __init__(self):
-        super().__init__()
-        self.calls = sized(self) and []
-
-    onDragStart, onDrag, onDragEnd = [lambda self, *numbers, name=name: self.calls.append((name,) + numbers)
-                                      for name in ("start", "drag", "end")]
-
-
 @pytest.mark.parametrize("method, prefix", [("setMargin", "margin"), ("setPadding", "padding")])
 def test_shorthand_of_edges(method, prefix):
     widget = UIScrollPanel(UIWidget())
@@ -47,22 +37,26 @@ def test_shorthand_of_edges(method, prefix):
 
 
 def test_a_drag_from_press_to_release(ui):
-    widget = Recorder()
+    class Recorder(UIWidget):
+        onDragStart, onDrag, onDragEnd = [lambda self, *numbers, name=name: calls.append((name,) + numbers)
+                                          for name in ("start", "drag", "end")]
+
+    widget, calls = sized(Recorder()), []
     widget.isVisible = widget.isEnabled = False
     ui.root.addChild(widget, 5, 6)
     for x, y, inside in [(5, 8, False), (6, 6, False), (6, 7, True), (24, 15, True), (25, 8, False), (6, 16, False)]:
         ui.frame(x, y)
-        assert widget.isHovered is widget.isInside(x, y) is inside and widget.calls == []
+        assert widget.isHovered is widget.isInside(x, y) is inside
     for place in (100, 100), (10, 10), (150, -7), (8, 12):  # it is enough that the button is held
         ui.frame(*place, pressed=True)
     ui.frame(99, 98)
     ui.frame(99, 98)
-    assert widget.calls == [("start", 10, 10), ("drag", 10, 10, 0, 0), ("drag", 150, -7, 140, -17), ("drag", 8, 12, -2, 2),
-                            ("end", 99, 98)]
+    assert calls == [("start", 10, 10), ("drag", 10, 10, 0, 0), ("drag", 150, -7, 140, -17), ("drag", 8, 12, -2, 2),
+                     ("end", 99, 98)]
 
 
 def test_clicks_go_to_the_topmost_that_takes_them(ui):
-    clicks, lower, panel, button = [], Recorder(), sized(UIPanel(), 60, 60), UIButton("old")
+    clicks, lower, panel, button = [], sized(UIWidget()), sized(UIPanel(), 60, 60), UIButton("old")
     button.__init__("x")
     assert [label.text for label in button.getChildren()] == [button.text] == ["x"]
     for name, widget in ("lower", lower), ("panel", panel), ("button", button):
@@ -79,6 +73,14 @@ def test_clicks_go_to_the_topmost_that_takes_them(ui):
         ui.renderer._onClick(event)
         assert (event.isAlreadyHandled, clicks) == (bool(handled), handled)
         clicks.clear()
+    ui.frame(17, 9)
+    assert button.isHovered and button._onClick(MouseClickEvent(50, 50, 1)) is False  # it was elsewhere
+    for remove in lambda: ui.root.removeChild(panel), ui.root.removeAllChildren:
+        remove()
+        panel._x = 77
+        ui.frame()
+        assert panel._x == 77 and panel.getParent() is ui.root
+        ui.root.addChild(panel, 5, 0)
 
 
 def test_through_a_real_engine(engine, tmp_path):
@@ -89,44 +91,45 @@ def test_through_a_real_engine(engine, tmp_path):
     assert engine._eventSubscribers[MouseClickEvent] == engine._eventSubscribers[MouseWheelEvent] == []
     engine.ecs.addSystem(renderer)
     engine.setWindowSize((128, 96))
-    button, slider, fired = UIButton("x"), UISlider(95), []
+    button, fired = UIButton("x"), []
     panel = sized(UIScrollPanel(sized(UIWidget(), 5, 300)), 30, 20)
-    button.onClick = lambda event: fired.append("called")
+    button.onClick = fired.append
     for event_type in SliderValueChangedEvent, ButtonClickEvent:
         engine.subscribeEvent(event_type, fired.append)
-    for widget, y in (button, 0), (slider, 20), (panel, 30):
-        renderer.widget.addChild(widget, 2, y)
+    renderer.widget.addChild(button, 2, 0)
+    renderer.widget.addChild(panel, 2, 25)
     engine.update()
-    end = slider.width + 1
-    for x, y in (3, 5), (end, 22), (end, 22), (30, 22), (3, 22), (10, 35):
+    for x, y in (3, 5), (60, 5), (10, 35):
         helpers.moveMouse(2 * x, 2 * y)
         engine.update()
         helpers.pushButton(2 * x, 2 * y)
+        helpers.pushWheel(0, -1)
         engine.update()
-    called, click, *steps = fired
-    assert (called, click.target, click.x, click.y, click.button) == ("called", button, 3, 5, zelvarine.MOUSE_LEFT)
-    assert [(e.target, e.oldValue, e.newValue) for e in steps] == [(slider, 95, 100), (slider, 100, 90)]
-    helpers.pushWheel(0, -2)
-    engine.update()
-    assert panel.scrollPosY == 100
+    called, click, scrolled = fired
+    assert called is click and (click.target, click.x, click.y, click.button) == (button, 3, 5, zelvarine.MOUSE_LEFT)
+    assert (scrolled.oldValue, scrolled.newValue) == (0, 50)
 
 
 def test_values_of_sliders(ui):
-    slider, half, fired = UISlider(150), UISlider(50, 50, 100), []
+    slider, half, fired = sized(UISlider(150), 60), UISlider(50, 50, 100), []
     ui.engine.subscribeEvent(SliderValueChangedEvent, fired.append)
     slider.value = 120
     assert slider.value == 100 and fired == []  # no engine yet
     ui.root.addChild(slider, 0, 0)
-    for slider.value in (100, 101, -5, -7, 30.9):
+    for slider.value in (100, 101, -5, -7, 30.9, 95):
         pass
-    assert [(e.oldValue, e.newValue) for e in fired] == [(100, 0), (0, 30)]
+    for x in 55, 55, 30, 3:  # the buttons at the ends, and between them
+        ui.frame(x, 2)
+        slider._onClick(CLICK)
+    assert [(e.target, e.oldValue, e.newValue) for e in fired] == [
+        (slider, *change) for change in ((100, 0), (0, 30), (30, 95), (95, 100), (100, 90))]
     for half.percent, value in ((0.5, 75), (1e300, 100), (float("-inf"), 50), (0.999, 99)):
         assert half.value == value and half.percent == pytest.approx((value - 50) / 50)
     with pytest.raises(ValueError):
         half.percent = float("nan")
 
 
-@pytest.mark.parametrize("vertical, start, along, knob", [(False, 9, 125, 6), (True, 8, 87, 8)])
+@pytest.mark.parametrize("vertical, start, along, knob", [(False, 9, 124, 7), (True, 8, 87, 8)])
 def test_the_knob_follows_the_mouse(ui, vertical, start, along, knob):
     slider = sized(UISlider(500, 0, 1000, int(vertical)), *((13, 110) if vertical else (150, 14)))
     ui.root.addChild(slider, 0, 0)
@@ -152,34 +155,38 @@ def test_scrolling(ui):
     ui.frame(15, 15)
     panel.scrollPosX, panel.scrollPosY = 1000, 30
     assert (panel.scrollPosX, panel.scrollPosY) == (250 - 100 + 20, 0)  # the other one waits for the next update
-    for y, moved, position in (1, True, 0), (1, False, 0), (-1, True, 50), (-9, True, 240), (-1, False, 240), (2, True, 140):
-        assert panel._onScroll(MouseWheelEvent(0, y)) is moved
-        ui.frame(15, 15)
-        assert panel.scrollPosY == position
-    for panel.isEnabled, x in (False, 15), (True, 150):
+    for x, panel.isEnabled, y, moved, position in [
+            (15, True, 1, True, 0), (15, True, 1, False, 0), (15, True, -1, True, 50), (15, True, -9, True, 240),
+            (15, True, -1, False, 240), (15, False, 1, False, 240), (150, True, 1, False, 240), (15, True, 2, True, 140)]:
         ui.frame(x, 15)
-        assert panel._onScroll(WHEEL) is False
+        assert panel._onScroll(MouseWheelEvent(0, y)) is moved
+        ui.frame(x, 15)
+        assert panel.scrollPosY == position
     panel.content = sized(UIScrollPanel(sized(UIWidget(), 5, 300)), 50, 300)
     ui.frame(15, 15)
-    ui.frame(15, 15)
-    assert panel._onScroll(MouseWheelEvent(0, -1)) is True and panel.scrollPosY == 140
+    assert panel._onScroll(MouseWheelEvent(0, -1)) is True and ui.root._onScroll(WHEEL) is True
+    assert UIListContainer()._onScroll(WHEEL) is None and panel.getChildren() == [panel.content]
 
 
 def test_scripts_override_and_change_the_tree(ui):
-    class Everywhere(Recorder):
-        _pointInRect = lambda self, *numbers: self.calls.append(numbers) or "yes"
-        _setParent = lambda self, parent: (super()._setParent(parent), self.calls.append(parent))
-        render = lambda self, *clip: (super().render(*clip), self.calls.append(clip))
-        onClick = lambda self, event: self.calls.append(event)
+    class Everywhere(UIWidget):
+        _pointInRect = lambda self, *numbers: calls.append(numbers) or "yes"
+        _setParent = lambda self, parent: (super()._setParent(parent), calls.append(parent))
+        render = lambda self, *clip: (super().render(*clip), calls.append(clip))
+        onClick = lambda self, event: calls.append(event)
 
     class Fickle(UIWidget):
-        update = _onClick = lambda self, *arguments: (ui.root.removeAllChildren(), ui.root.addChild(UIText("new"), 0, 0))
+        def update(self, *arguments):
+            ui.root.removeAllChildren()
+            ui.root.addChild(UIText("new"), 0, 0)
 
-    widget = Everywhere()
-    ui.root.addChild(widget, 5, 6)
+        _onClick = update
+
+    calls = []
+    ui.root.addChild(sized(Everywhere()), 5, 6)
     ui.frame(100, 90)
     ui.renderer._onClick(CLICK)
-    assert widget.calls == [ui.root, (100, 90, 5, 6, 20, 10), (-1, -1, -1, -1), CLICK]
+    assert calls == [ui.root, (100, 90, 5, 6, 20, 10), (-1, -1, -1, -1), CLICK]
     for walk in ui.frame, lambda: ui.renderer._onClick(CLICK):
         ui.root.removeAllChildren()
         for _ in range(3):
@@ -189,15 +196,15 @@ def test_scripts_override_and_change_the_tree(ui):
 
 
 def test_roots_and_background(ui):
-    old, root, leaf = ui.root, UIListContainer(), UIText("x")
+    root, leaf, over = UIListContainer(), UIText("x"), UIRenderer(ui.target, 0, None)
     root.addChild(leaf)
-    assert type(old) is UIAnchoredContainer and old.getRenderer() is ui.renderer and leaf.getRenderer() is None
+    assert type(ui.root) is UIAnchoredContainer and ui.root.getRenderer() is ui.renderer and leaf.getRenderer() is None
     ui.renderer.widget = root
-    assert old.getRenderer() is None and leaf.getRenderer() is root.getRenderer() is ui.renderer
+    assert ui.root.getRenderer() is None and leaf.getRenderer() is root.getRenderer() is ui.renderer
     with pytest.raises(TypeError):
         ui.renderer.widget = None
     assert ui.renderer.getSize() == (160, 120) and ui.renderer.widget is root
-    root.isVisible, over = False, UIRenderer(ui.target, 0, None)
+    root.isVisible = False
     ui.engine.ecs.addSystem(over)
     for render, word in (ui.frame, BACKGROUND), (over.render, 0xFF010203):
         ui.target.fill((1, 2, 3))
@@ -219,8 +226,8 @@ def test_children_that_refuse(ui, make):
             container.addChild(child, *(0, 0) if isinstance(container, UIAnchoredContainer) else ())
 
     container, refusing = make(), Refusing()
-    for child, error, stays in [(refusing, LookupError, True), (None, AttributeError, False), ("child", TypeError, False),
-                                (container, RecursionError, True)]:
+    for child, error, stays in [(refusing, LookupError, True), (None, AttributeError, False),
+                                ("child", TypeError, False), (container, RecursionError, True)]:
         with pytest.raises(error):
             add(child)
         assert (child in container.getChildren()) == stays
@@ -229,9 +236,9 @@ def test_children_that_refuse(ui, make):
     assert container not in container.getChildren() and container.getParent() is None
     ui.renderer.widget = sized(container)
     container.getChildren().append(container)
-    for walk in ui.frame, lambda: container.update(0, 0, 0), lambda: container._onClick(CLICK), lambda: container._onScroll(WHEEL):
+    for walk, *given in (ui.frame,), (container.update, 0, 0, 0), (container._onClick, CLICK), (container._onScroll, WHEEL):
         with pytest.raises(RecursionError):
-            walk()
+            walk(*given)
 
 
 def black(ui, left, top, right, bottom):
@@ -258,7 +265,8 @@ def test_children_that_draw_by_themselves_are_cut(ui, make):
 @pytest.mark.parametrize("make, missing, steps", [
     (lambda: UIButton(""), ("button", "normal", "middle"), lambda s: s.blit((2, 1, 4, 20), (5, 6, 0, 0))),
     (lambda: UIButton(""), ("button", "normal", "left"), lambda s: None), (UIPanel, ("panel", "x"), lambda s: None),
-    (lambda: UISlider(1), ("slider", "leftButton"), lambda s: s.horizontal_bar(WIDGETS["slider"]["horizontalBackground"], 5, 6, 40))])
+    (lambda: UISlider(1), ("slider", "leftButton"),
+     lambda s: s.horizontal_bar(WIDGETS["slider"]["horizontalBackground"], 5, 6, 40))])
 def test_what_is_drawn_before_a_failure(ui, make, missing, steps):
     widget, table, sketch = sized(make(), 40, 30), ui.renderer.theme.widgets, Sketch()
     ui.root.addChild(widget, 5, 6)
@@ -286,6 +294,8 @@ def test_failures_of_theme_clip_and_texture(ui):
     with pytest.raises(OverflowError):
         image.texture = endless
     assert (image.texture, image.width, image.height) == (endless, 7, 4)
+    for image.alpha, kept in (300, 255), (-5, 0), (128, 128):
+        assert image.alpha == kept
     ui.root.addChild(button, 0, 0)
     ui.frame()
     ui.target.fill((0, 0, 0))

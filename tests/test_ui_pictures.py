@@ -11,7 +11,7 @@ import helpers
 from ui_reference import BACKGROUND, FONT_COLOR, WIDGETS, FlatFont, FlatTheme, Sketch, Stage, Surface
 
 NO_CLIP = (-1,) * 4
-SLIDER, SCROLL_BAR = (3 + 2 + 6 + 6 + 9 + 10, 10), (9, 3 + 2 + 8 + 8 + 6 + 12)  # their sizes
+SLIDER, SCROLL_BAR = (3 + 2 + 7 + 7 + 9 + 10, 10), (9, 3 + 2 + 8 + 8 + 6 + 12)  # their sizes
 
 
 @pytest.fixture
@@ -30,15 +30,15 @@ def random_leaf(r):
         (UISlider(r.randint(0, 9), 0, 9), SLIDER), (UISlider(r.randint(0, 9), 0, 9, 1), SCROLL_BAR)])
 
 
-def random_widget(r, depth):
+def random_widget(r, depth, made):
     """A tree of every kind of widget, all of them sized and aligned at random; userData tells what cannot be asked."""
     number, kind = r.randint, r.choice([UIListContainer, UIPanel, UIAnchoredContainer, UIScrollPanel])
     if not depth:
         w, content = random_leaf(r)
     else:
-        w = kind(random_widget(r, depth - 1)) if kind is UIScrollPanel else kind()
+        w = kind(random_widget(r, depth - 1, made)) if kind is UIScrollPanel else kind()
         content = (50, 50) if kind is UIScrollPanel else (0, 0)
-        for child in [random_widget(r, depth - 1) for _ in range(0 if kind is UIScrollPanel else number(0, 3))]:
+        for child in [random_widget(r, depth - 1, made) for _ in range(0 if kind is UIScrollPanel else number(0, 3))]:
             w.addChild(child, *child.userData["anchor"] if kind is UIAnchoredContainer else ())
     w.userData = {"content": content, "anchor": (number(-9, 60), number(-9, 60), number(0, 4), number(0, 4))}
     for name, low, high in [("sizePolicyX", 0, 2), ("sizePolicyY", 0, 2), ("horizontalAlign", 0, 2), ("layout", 0, 1),
@@ -48,15 +48,12 @@ def random_widget(r, depth):
     w.setMargin(*[number(-3, 8) for _ in range(4)])
     if depth and kind is not UIAnchoredContainer:
         w.setPadding(*[number(-4, 9) for _ in range(4)])
+    made.append(w)
     return w
 
 
 def children(w):
     return w.getChildren() if isinstance(w, AbstractUIContainer) else []
-
-
-def everyone(w):
-    return [w] + [other for child in children(w) for other in everyone(child)]
 
 
 def edges(w, kind, axis):
@@ -159,11 +156,11 @@ def draw(sketch, w, clip, mouse):
 @pytest.mark.parametrize("seed", range(40))
 def test_random_trees(ui, seed):
     r = random.Random(seed)
-    root, mouse = random_widget(r, seed % 4), (r.randint(0, 60), r.randint(0, 40))
-    ui.renderer.widget = root
+    made, mouse = [], (r.randint(0, 60), r.randint(0, 40))
+    root = ui.renderer.widget = random_widget(r, seed % 4, made)
     for _ in range(3):  # a button centres its label by the sizes of the frame before
         ui.frame(*mouse)
-        for w in everyone(root):
+        for w in made:
             if isinstance(w, UIScrollPanel):
                 w.scrollPosX = w.scrollPosY = r.randint(0, 60)
     ui.frame(*mouse)
@@ -171,7 +168,7 @@ def test_random_trees(ui, seed):
     for axis in 0, 1:
         check_layout(root, axis, (160, 120)[axis])
     for clip in NO_CLIP, (-1, 0, 100, 100), (0, 0, 0, 100), (0, 0, 60, 45), (38, 33, 9, 100), (200, 0, 9, 9):
-        for w in everyone(root):
+        for w in made:
             sketch = Sketch()
             draw(sketch, w, clip, mouse)
             ui.target.fill((0x20, 0x40, 0x60))

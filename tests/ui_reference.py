@@ -23,7 +23,7 @@ WIDGETS = {
         **{name + "Button": {look: {"x": x, "y": y, "width": width, "height": height}
                              for look, x in (("normal", x), ("hover", x + width))}
            for name, x, y, width, height in [
-            ("horizontal", 20, 31, 6, 14), ("vertical", 28, 31, 13, 8), ("left", 0, 45, 9, 11),
+            ("horizontal", 20, 31, 7, 14), ("vertical", 28, 31, 13, 8), ("left", 0, 45, 9, 11),
             ("right", 40, 14, 10, 8), ("top", 20, 46, 8, 6), ("bottom", 40, 40, 7, 12)]},
     },
     "scrollPanel": {"sliderMargin": {"top": 2, "right": 3, "bottom": 4, "left": 9},
@@ -114,11 +114,11 @@ class Sketch(Surface):
         self.blit([table[key] for key in ("x", "y", "width", "height")], (x, y, 0, 0))
 
     def grid(self, table, x, y, columns, rows):
-        """Blits pieces side by side; spans along an axis are where and how long a piece is in the tiles, and then here."""
-        for source_y, source_height, place_y, height in rows:
-            for source_x, source_width, place_x, width in columns:
-                self.blit((table["x"] + source_x, table["y"] + source_y, source_width, source_height),
-                          (x + place_x, y + place_y, width, height), stretch=(source_width, source_height) != (width, height))
+        """Blits pieces side by side. A span tells where and how long they are in the tiles, then where and how long here."""
+        for top, tall, down, height in rows:
+            for left, wide, across, width in columns:
+                self.blit((table["x"] + left, table["y"] + top, wide, tall), (x + across, y + down, width, height),
+                          stretch=(wide, tall) != (width, height))
 
     def horizontal_bar(self, table, x, y, length):
         self.grid(table, x, y, tiled(table["left"], table["middle"], table["right"], length), whole(table["height"]))

@@ -118,7 +118,8 @@ void declareUIScrollPanel(Module& module) {
             "Offers a click to the scroll bar, then to the content.\n@return(bool) whether one of them took it")
         .method<&UIScrollPanel::handleScroll>("_onScroll", {{"event"}},
             "Offers a step of the mouse wheel to the content; if it does not take it, an enabled panel under the\n"
-            "mouse scrolls by `wheelScrollPixels`.\n@return(bool) whether the content took the step or the panel scrolled")
+            "mouse scrolls by `wheelScrollPixels`.\n"
+            "@return(bool) whether the content took the step or the panel scrolled")
         .property<&UIScrollPanel::getScrollPosX, &UIScrollPanel::setScrollPosX>("scrollPosX",
             "how far the content is moved to the left, in pixels; clamped to what the content is wider than the panel")
         .property<&UIScrollPanel::getScrollPosY, &UIScrollPanel::setScrollPosY>("scrollPosY",
