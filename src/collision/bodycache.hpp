@@ -9,7 +9,7 @@ namespace zv {
 // So they are fetched once, and serve all movers of an update. That holds as long as native code runs alone: a
 // script may change anything, components, bodies and the list of them. Each update, and each single mover that a
 // script moves, has a cache of its own, so that none is used across calls from scripts; and wherever an update
-// itself may run a script it says so by `forget`, the one place that makes the cache invalid.
+// itself may run a script it says so by `forget`, the one place that makes it invalid.
 class BodyCache {
 public:
     struct Body {
