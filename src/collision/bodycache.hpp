@@ -22,12 +22,17 @@ public:
     explicit BodyCache(const Ref<CollisionBodySystem>& bodySystem) : system(bodySystem) {}
 
     // All bodies, in the order of the system's list. A walk asks anew after everything that may run a script.
-    const std::vector<Body>& bodies();
+    const std::vector<Body>& bodies() {
+        if (!isValid) fetch();
+        return known;
+    }
     void forget() { isValid = false; }
     // Entities of a script's own class answer by code of theirs, perhaps differently to every mover.
     bool areNative() const { return allNative; }
 
 private:
+    void fetch();
+
     const Ref<CollisionBodySystem>& system;
     std::vector<Body> known;
     bool isValid = false, allNative = true;
