@@ -161,7 +161,7 @@ def enlarge(body):
 def test_handlers_change_bodies():
     world = World()
     first, second = [world.add((5, 5), radius=0.5, trigger=True) for _ in range(2)]
-    mover, last = world.add((5, 5), velocity=(0, 0), radius=0.5), world.add((5.25, 5), radius=0.5)
+    mover, last = world.add((5, 5), velocity=(0, 0), radius=0.25), world.add((6.3, 5), radius=0.5)
     other, obstacle = world.add((20, 20), velocity=(1, 0), radius=0.5), world.add((22, 20), radius=0.1)
 
     def change():
@@ -169,11 +169,12 @@ def test_handlers_change_bodies():
         enlarge(obstacle)
         world.system._updateEntity(other, 1.0)  # has looked at the bodies when the next lines change them
         enlarge(last)
-        mover.getComponent(PositionComponent).x, mover.getComponent(CollisionComponent).radius = 4.5, 0.25
+        mover.getComponent(PositionComponent).x, mover.getComponent(CollisionComponent).radius = 4.5, 0.5
 
     world.react(1, change)
     assert world.step() == [(mover, first), (other, obstacle), (mover, last), (other, obstacle)]
-    assert (at(mover), at(other)) == ((3.5, 5), (20.5, 20))  # from where it is now, away from the body as it is now
+    assert at(mover) == pytest.approx((4.3, 5))     # from where it is now, away from the body as it is now
+    assert at(other) == (20.5, 20)
 
 
 def test_code_of_scripts_between_two_movers_changes_bodies():
@@ -196,11 +197,11 @@ def test_code_of_scripts_between_two_movers_changes_bodies():
             enlarge(body)
 
     for script in (dict(system=System), dict(vector=Vector), dict(cls=Watcher), dict(cls=Watcher, radius=0.1),
-                   dict(radius=0.1, ignored=[Flag()])):
+                   dict(cls=Watcher, radius=0.1, velocity=None), dict(radius=0.1, ignored=[Flag()])):
         world, vector = World(script.pop("system", MovementSystem)), script.pop("vector", Vector2)
         body = world.add((10, 10), radius=0.5, flags=["a"])
         world.add((10, 8.75), velocity=(0, 0), radius=0.25)
-        world.add((20, 20), velocity=(0, 0), **script)._components[PositionComponent].pos = vector(20, 20)
+        world.add((20, 20), **dict(dict(velocity=(0, 0)), **script))._components[PositionComponent].pos = vector(20, 20)
         second = world.add((10, 11.2), velocity=(0, 0), radius=0.25)
         assert world.step() == [(second, body)]
 
