@@ -1,5 +1,6 @@
 """Whole frames of the raycaster, word for word against the reference model."""
 
+import gc
 import random
 
 import numpy
@@ -82,11 +83,14 @@ def test_a_constructor_in_the_middle_of_a_frame(size, world):
 
 def test_the_constructor_keeps_its_order(world):
     renderer, target = world.renderer, Target(64, 40)
-    target.answer, level = None, zelvarine.Level()
+    target.answer, level, mask = None, zelvarine.Level(), Texture(1, 1)
+    renderer._setFlashlight(mask)
     with pytest.raises(TypeError):
         renderer.__init__(target, level)
     assert (renderer.getTarget(), renderer.level, renderer.entities) == (target, level, [])
-    assert renderer.getCamera().pitch == 20
+    assert renderer.getCamera().pitch == 20 and mask in gc.get_referents(renderer)
+    renderer.__init__(world.target, level)
+    assert mask not in gc.get_referents(renderer)
     with pytest.raises(AttributeError):
         RaycastingRenderer(None, level)
     with pytest.raises(AttributeError):

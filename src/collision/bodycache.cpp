@@ -2,8 +2,7 @@
 
 namespace zv {
 
-const std::vector<BodyCache::Body>& BodyCache::bodies() {
-    if (isValid) return known;
+void BodyCache::fetch() {
     std::vector<Body> current;
     allNative = true;
     forEach(Ref<List>(system->entities).raw(), [&](PyObject* entity) {
@@ -13,7 +12,6 @@ const std::vector<BodyCache::Body>& BodyCache::bodies() {
     });
     known.swap(current);
     isValid = true;
-    return known;
 }
 
 }  // namespace zv

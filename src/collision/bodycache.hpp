@@ -9,7 +9,7 @@ namespace zv {
 // So they are fetched once, and serve all movers of an update. That holds as long as native code runs alone: a
 // script may change anything, components, bodies and the list of them. Each update, and each single mover that a
 // script moves, has a cache of its own, so that none is used across calls from scripts; and wherever an update
-// itself may run a script it says so by `forget`, the one place that makes the cache invalid.
+// itself may run a script it says so by `forget`, the one place that makes it invalid.
 class BodyCache {
 public:
     struct Body {
@@ -22,12 +22,17 @@ public:
     explicit BodyCache(const Ref<CollisionBodySystem>& bodySystem) : system(bodySystem) {}
 
     // All bodies, in the order of the system's list. A walk asks anew after everything that may run a script.
-    const std::vector<Body>& bodies();
+    const std::vector<Body>& bodies() {
+        if (!isValid) fetch();
+        return known;
+    }
     void forget() { isValid = false; }
     // Entities of a script's own class answer by code of theirs, perhaps differently to every mover.
     bool areNative() const { return allNative; }
 
 private:
+    void fetch();
+
     const Ref<CollisionBodySystem>& system;
     std::vector<Body> known;
     bool isValid = false, allNative = true;

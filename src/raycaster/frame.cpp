@@ -24,8 +24,8 @@ void RaycastingRenderer::init(Ref<Texture> newTarget, Ref<Level> newLevel) {
     level = std::move(newLevel);
     camera = make<Camera>(makeVector({2.5, 2.5}), makeVector({0, 1}), 60, 20);
     Ref<Texture> held = target;
-    auto [width, height] = call<&Texture::getSize>(*held);
-    rayHits.assign(static_cast<size_t>(std::max(width, 0)), RayHit());
+    int width = std::get<0>(call<&Texture::getSize>(*held));
+    rayHits.assign(static_cast<size_t>(std::clamp(width, 0, held->image().width)), RayHit());  // overrides may lie
     flashlight = {};
 }
 
