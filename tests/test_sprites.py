@@ -68,8 +68,6 @@ def test_components_and_what_they_play():
     assert shown._animationSpeed == -0.5
     shown.currentAnimationKey = "run"
     assert (playback(shown), shown.animationPercentage) == ((0, 2, 1, 3.0), 0.75)
-    shown.currentAnimation = None
-    assert playback(shown) == (0, 0, 1, 0.0)
     empty = Sprite(Texture(4, 4), 1, 1, [])
     with pytest.raises(StopIteration):
         shown.__init__(empty, False, 9)
