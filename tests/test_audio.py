@@ -29,19 +29,9 @@ def endings(engine):
     """A function that runs frames and gives the number of music endings in each."""
     events = []
     engine.subscribeEvent(MusicStoppedEvent, events.append)
-
-    def count(frames):
-        counts = []
-        for _ in range(frames):
-            del events[:]
-            engine.update()
-            counts.append(len(events))
-        return counts
-
-    yield count
+    yield lambda frames: [len(events) for _ in range(frames) if not (events.clear() or engine.update())]
     Music.__new__(Music).stop()
-    while count(1) != [0]:
-        pass
+    engine.update()
 
 
 def seconds(running):
@@ -122,11 +112,6 @@ def test_volumes_and_other_numbers(engine, wav):
     helpers.sdl.Mix_AllocateChannels(32)
 
 
-def riff(channels, rate, extra=b""):
-    chunks = struct.pack("<4sIHHIIHH", b"fmt ", 16, 1, channels, rate, 2 * rate, 2, 16) + extra + b"data\x08\0\0\0" + bytes(8)
-    return struct.pack("<4sI4s", b"RIFF", 4 + len(chunks), b"WAVE") + chunks
-
-
 def aiff(channels, exponent):
     return struct.pack(">4sI4s4sIhIhHQ4sIQQ", b"FORM", 54, b"AIFF", b"COMM", 18, channels, 4, 16, exponent, 0xAC44 << 48,
                        b"SSND", 16, 0, 0)
@@ -140,30 +125,18 @@ def test_what_cannot_be_played(endings, wav, tmp_path):
             operation()
     del sound, operation
     assert [handle.isPlaying() for handle in handles] == [0] * 32  # sounds end with their object
-    path, loops = tmp_path / "damag\u00e9", struct.pack("<4sI28xII", b"smpl", 36, 2 ** 24, 0)
+    path = tmp_path / "damag\u00e9"
+    with open(wav, "rb") as file:
+        head, channels, rate, rest, data = struct.unpack("22s2s4s8s%ds" % (os.path.getsize(wav) - 36), file.read())
+    loops = struct.pack("<4sI28xII", b"smpl", 36, 2 ** 24, 0)
+    damages = [head + b"\0\0" + rate + rest + data, head + b"\0\1" + rate + rest + data, aiff(0, 0x400E), aiff(1, 0x4000),
+               head + channels + b"\1\0\0\0" + rest + data, head + channels + rate + rest + loops + data, b""]
     for kind, what in (Sound, "sound"), (Music, "music"):
-        for whole in riff(1, 8000), aiff(1, 0x400E):
-            path.write_bytes(whole)
-            loaded = kind(str(path))
-        for damaged in None, riff(0, 44100), riff(256, 44100), riff(1, 1), riff(1, 44100, loops), aiff(0, 0x400E), aiff(1, 0x4000):
-            path.write_bytes(damaged) if damaged else path.unlink()
+        path.write_bytes(aiff(1, 0x400E))
+        loaded = kind(str(path))
+        for damaged in damages:
+            path.write_bytes(damaged)
             with pytest.raises(IOError, match="Unable to load %s file '%s'" % (what, path)):
                 loaded.__init__(str(path))
         with pytest.raises(EngineException):
             loaded.play()
-
-
-def test_audio_outlives_the_engine(wav):
-    assert helpers.runScript("""
-from zelvarine import *
-engine, path = Engine(), {!r}
-engine.init("", (8, 8))
-sound, music, fading = Sound(path), Music(path), Music(path)
-handle = sound.loop(0)
-fading.loop(0), fading.fadeOut(60000)
-engine.quit()
-music.play(), music.fadeOut(60000), fading.play(0.05), fading.fadeOut(60000)
-del fading
-handle.isPlaying(), handle.stop(), sound.play(), Sound(path).play(), Music(path).play()
-print("safe")
-""".format(wav)).stdout == "safe\n"

@@ -3,9 +3,8 @@
 import types
 
 import pytest
-import zelvarine
 from zelvarine import (AbstractSystem, CollisionComponent, Ecs, Entity, PositionComponent, RotationComponent, Vector2,
-                       VelocityComponent, component)
+                       VelocityComponent)
 
 
 def test_one_component_of_each_exact_type():
@@ -44,19 +43,16 @@ def test_ids_are_given_kept_and_found():
 def test_membership_follows_entities_components_and_systems():
     ecs, placed, everything = Ecs(None), AbstractSystem(PositionComponent), AbstractSystem()
     entity, other = Entity(1, PositionComponent()), Entity(2)
-    ecs.addEntity(entity)
-    ecs.addEntity(other)
-    ecs.addSystem(placed)
-    ecs.addSystem(everything)
+    for add, added in (ecs.addEntity, entity), (ecs.addEntity, other), (ecs.addSystem, placed), (ecs.addSystem, everything):
+        add(added)
     assert (placed.entities, everything.entities) == ([entity], [entity, other])
     other.addComponent(PositionComponent())
     entity.removeComponentType(PositionComponent)
     assert (placed.entities, everything.entities) == ([other], [entity, other])
     members = placed.entities
     ecs.removeSystem(placed)
-    assert members == [] and placed.entities is members and placed.getEcs() is None
     ecs.removeEntity(entity)
-    assert everything.entities == [other]
+    assert (members, placed.getEcs(), everything.entities) == ([], None, [other]) and placed.entities is members
 
 
 def test_what_systems_are_told_and_when():
@@ -88,8 +84,8 @@ def test_what_systems_are_told_and_when():
 
 
 def test_basic_components_and_their_dicts():
-    velocity, rotation, pos = VelocityComponent(), RotationComponent(), Vector2(1, 2)
-    assert (velocity.x, velocity.friction, rotation.dir.x, rotation.dir.y) == (0, 2, 1, 0) and PositionComponent(pos).pos is pos
+    velocity, rotation = VelocityComponent(), RotationComponent()
+    assert (velocity.x, velocity.friction, rotation.dir.x, rotation.dir.y) == (0, 2, 1, 0)
     first, second = CollisionComponent(), CollisionComponent(1)
     assert first.hasFlags is second.hasFlags and first.hasFlags is not first.ignoreFlags
     velocity.loadFromDict(None, {"x": 1, "y": 2})
@@ -104,11 +100,3 @@ def test_basic_components_and_their_dicts():
     second.loadFromDict(None, {"hasFlags": []})
     assert second.dumpToDict(None) == {"radius": 0.25, "isOnlyTrigger": False, "hasFlags": [], "ignoreFlags": []}
     assert second.hasFlags is not first.hasFlags
-
-
-def test_registering_a_class(monkeypatch):
-    monkeypatch.setattr(zelvarine, "_COMPONENTS", {})
-    old, new = type("Old", (), {}), type("New", (), {})
-    assert component("inventory")(old) is old
-    component("inventory")(new)
-    assert zelvarine._COMPONENTS == {"inventory": new, new: "inventory", old: "inventory"}

@@ -16,23 +16,20 @@ class Pair:
     def __init__(self, folder):
         self.folder, self.name = folder, str(folder / "höhle.lvl")
 
-    def write(self, description, grid=b""):
-        with open(self.name + ".json", "w") as file:
-            file.write(description if isinstance(description, str) else json.dumps(description))
-        with open(self.name, "wb") as file:
-            file.write(grid)
+    def load(self, grid=b"", **description):
+        return Level(self.write(json.dumps(dict(dict(width=2, height=1), **description)), grid))
+
+    def write(self, *contents):
+        for end, content in zip((".json", ""), contents):
+            (self.folder / ("höhle.lvl" + end)).write_bytes(content if end == "" else content.encode())
         return self.name
+
+    def read(self):
+        return tuple((self.folder / ("höhle.lvl" + end)).read_bytes() for end in (".json", ""))
 
     def image(self, name, width=8, height=4):
         Texture(width, height).saveFile(str(self.folder / name))
         return name
-
-    def load(self, grid=b"", **description):
-        return Level(self.write(dict(dict(width=2, height=1), **description), grid))
-
-    def read(self):
-        with open(self.name + ".json") as description, open(self.name, "rb") as grid:
-            return description.read(), grid.read()
 
 
 @pytest.fixture
@@ -57,11 +54,11 @@ def test_invalid_descriptions(pair):
     level = pair.load(b"\1" * 14)
     for description, words in (
             ('{"width": 1, ', "Invalid JSON header: Expecting property name enclosed in double quotes"),
-            ("[]", "The 'width' property is required"), ({"width": 1.5}, "The 'height' property is required"),
-            ({"width": True, "height": "1"}, "The 'width' property requires an int value"),
-            ({"width": 1, "height": 2.0}, "The 'height' property requires an int value")):
+            ("[]", "The 'width' property is required"), ('{"width": 1.5}', "The 'height' property is required"),
+            ('{"width": true, "height": "1"}', "The 'width' property requires an int value"),
+            ('{"width": 1, "height": 2.0}', "The 'height' property requires an int value")):
         with pytest.raises(LevelFormatException, match=words) as caught:
-            level.__init__(pair.write(description))
+            level.__init__(pair.write(description, b""))
         assert caught.value.filename == pair.name and level.metadata == {} and cells(level) == b"\1" * 14
     for width, words in (-1, "can't convert negative value to size_t"), (2 ** 15, "a grid of 32768 by 16384 cells is too large"):
         with pytest.raises(OverflowError, match=words):
@@ -127,7 +124,7 @@ def test_there_and_back(pair, capsys):
     capsys.readouterr()
     level.saveFile(pair.name)
     assert capsys.readouterr().out == "wrote file {0}.json\nwrote file {0}\n".format(pair.name)
-    assert pair.read() == (json.dumps(level.metadata, sort_keys=True, indent=4), grid)
+    assert pair.read() == (json.dumps(level.metadata, sort_keys=True, indent=4).encode(), grid)
     again = Level(pair.name)
     assert (again.metadata, cells(again), len(again.textures), len(again.sprites)) == (level.metadata, grid, 3, 2)
     again._updateEntityMetadata()
@@ -149,7 +146,7 @@ def test_failures_and_what_is_left(pair, monkeypatch):
     with pytest.raises(ValueError):
         level.saveFile(pair.name)
     assert pair.read() == before
-    level._loadMetadata("", before[0])
+    level._loadMetadata("", before[0].decode())
     level.metadata["bad"] = {1, 2}
     monkeypatch.setattr(builtins, "open", lambda *given, open=open: opened.append(open(*given)) or opened[-1])
     with pytest.raises(TypeError):
@@ -157,4 +154,4 @@ def test_failures_and_what_is_left(pair, monkeypatch):
     with pytest.raises(LevelFormatException):
         Level(pair.name)
     monkeypatch.undo()
-    assert pair.read() == ("", before[1]) and [file.closed for file in opened] == [True] * 2
+    assert pair.read() == (b"", before[1]) and [file.closed for file in opened] == [True] * 2
