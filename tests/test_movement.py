@@ -134,7 +134,7 @@ def test_a_crowd_moves_as_the_rules_say(seed, digits):
     entities = [world.add(**body) for body in crowd] + [None]
     crowd = [SimpleNamespace(**body) for body in crowd]
     bodies = [body for body in crowd if body.radius]
-    for _ in range(60):
+    for _ in range(250):
         start, direction, reach = pair(rng, digits, 0, 30), pair(rng, digits, -1, 1), pair(rng, digits, -3, 40)[0]
         expected, unit = traced(bodies, start, direction, reach)
         ray = Vector2(*direction)
@@ -163,6 +163,7 @@ def test_handlers_change_bodies():
     first, second = [world.add((5, 5), radius=0.5, trigger=True) for _ in range(2)]
     mover, last = world.add((5, 5), velocity=(0, 0), radius=0.25), world.add((6.3, 5), radius=0.5)
     other, obstacle = world.add((20, 20), velocity=(1, 0), radius=0.5), world.add((22, 20), radius=0.1)
+    world.add((20.5, 20)).addComponent(other.getComponent(CollisionComponent))     # who shares it is one body with him
 
     def change():
         world.engine.ecs.removeEntity(second)
