@@ -110,7 +110,7 @@ fuzz: setup ## attack the module with hostile calls and damaged files (ARGS="--s
 
 asan-fuzz: setup ## the same under the sanitizers
 	$(AGAIN) build $(SANITIZED_BUILD)
-	PYTHONPATH=build-asan $(SANITIZED) $(PYTHON) scripts/fuzz.py $(ARGS)
+	PYTHONPATH="$(abspath build-asan)" $(SANITIZED):max_allocation_size_mb=500 $(PYTHON) scripts/fuzz.py $(ARGS)
 
 stubs: build ## check that the type stubs and the module agree
 	@$(PACKAGES) install $(STUBS_PACKAGES)
