@@ -142,8 +142,9 @@ void declareEngine(Module& module) {
             "that are still waiting. Raises ZeroDivisionError for 0 frames per second.")
         .method<&Engine::quit>("quit", {},
             "After calling quit, no more update or render calls are possible.\n\n"
-            "Closes the window and ends SDL. This ends all engines of the process, and their joysticks. A frame in progress goes on without a\n"
-            "window. `init` starts video and joysticks anew, where SDL can do so, but no sound.")
+            "Closes the window and ends SDL. This ends all engines of the process, and their joysticks. A frame in\n"
+            "progress goes on without a window. `init` starts video and joysticks anew, where SDL can do so, but\n"
+            "no sound.")
         .method<&Engine::getFps>("getFps", {}, "Frames per second, according to the length of the last frame alone.")
         .method<&Engine::getTimeStep>("getTimeStep", {}, "Length of the last frame in seconds.")
         .method<&Engine::subscribeEvent>("subscribeEvent",
