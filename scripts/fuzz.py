@@ -34,7 +34,7 @@ def attack(options, log):
         lines = read(log)
         count[mode] += len(lines)
         if fault:
-            print(output[-6000:])
+            print(output)
             print("{}, after {} lines. What repeats it: --mode {} --seed {} --lines {} --runs 1, or, with PYTHONPATH={}:\n".format(
                 fault, len(lines), mode, seed, options.lines, os.pathsep.join([os.environ.get("PYTHONPATH", ""), "scripts"])))
             print("\n".join(["from fuzz_worker import *"] + ["do(%r)" % line for line in fewest(options, log, lines)]))
@@ -45,7 +45,7 @@ def attack(options, log):
 
 
 def watch(options, log, *arguments):
-    """Runs a worker; returns what went wrong, or None, and what the worker wrote about it."""
+    """Runs a worker; returns what went wrong, or None, and the end of what the worker wrote about it."""
     with tempfile.TemporaryFile() as errors:
         worker = subprocess.Popen([sys.executable, WORKER, log] + list(map(str, arguments)), env=ENVIRONMENT,
                                   stdout=subprocess.DEVNULL, stderr=errors)
@@ -60,7 +60,7 @@ def watch(options, log, *arguments):
                     worker.send_signal(signal.SIGABRT)  # prints the stack
         if worker.returncode and not fault:
             fault = "It ended by signal %d" % -worker.returncode if worker.returncode < 0 else "It ended with %d" % worker.returncode
-        errors.seek(0)
+        errors.seek(max(errors.seek(0, os.SEEK_END) - 6000, 0))
         return fault, errors.read().decode(errors="replace")
 
 

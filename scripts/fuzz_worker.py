@@ -222,7 +222,7 @@ def lines_of(mode, seed, count):
 def main(log, mode, seed="0", count="0"):
     faulthandler.enable()
     if "libasan" not in os.environ.get("LD_PRELOAD", ""):
-        resource.setrlimit(resource.RLIMIT_AS, (1 << 30, 1 << 30))  # huge pictures take long
+        resource.setrlimit(resource.RLIMIT_AS, (1 << 29, 1 << 29))  # huge pictures take long
     if mode == "repeat":
         with open(log, encoding="utf-8") as file:
             lines, log = file.read().splitlines(), os.devnull
