@@ -18,7 +18,7 @@ SANITIZED = PYTHONMALLOC=malloc LD_PRELOAD="$(foreach library,libasan libstdc++,
 SANITIZED_BUILD = BUILD=build-asan CMAKE_OPTIONS="$(CMAKE_OPTIONS) -DZELVARINE_SANITIZE=ON"
 # Short, but enough to tell who asked for the memory.
 EXACT_STACKS = fast_unwind_on_malloc=0:malloc_context_size=10
-LEAK_TESTS = $(addprefix tests/test_,components.py level.py level_files.py events.py vector.py font.py theme.py class_layer.py raycaster_hostile.py)
+LEAK_TESTS = $(addprefix tests/test_,components.py level.py level_files.py events.py vector.py font.py theme.py class_layer.py raycaster_queries.py)
 
 SOURCES := $(shell find src -name '*.cpp')
 HEADERS := $(shell find src -name '*.hpp')

@@ -18,12 +18,6 @@ struct KeyEvent : Event {
 
 struct MouseClickEvent : Event {
     int x = 0, y = 0, button = 0;
-
-    using Event::init;
-    void init(int newX, int newY, int newButton) {
-        Event::init();
-        x = newX, y = newY, button = newButton;
-    }
 };
 
 struct MouseWheelEvent : Event {

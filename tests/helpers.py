@@ -21,8 +21,6 @@ for function in ("SDL_JoystickFromInstanceID", "SDL_GetWindowFromID"):
 DEJAVU = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
 needsFont = pytest.mark.skipif(not os.path.exists(DEJAVU), reason="needs Debian's package fonts-dejavu-core")
 
-LEFT_CTRL, LEFT_SHIFT, LEFT_ALT, RIGHT_CTRL = 224, 225, 226, 228  # scancodes
-
 
 def _push(format, *values):
     event = ctypes.create_string_buffer(struct.pack("=" + format, *values), 128)
@@ -61,19 +59,6 @@ def moveMouse(x, y):
 def flushEvents():
     sdl.SDL_PumpEvents()
     sdl.SDL_FlushEvents(0, 0xFFFF)
-
-
-@contextlib.contextmanager
-def heldKeys(*scancodes):
-    """SDL's keyboard state with these keys held down."""
-    state = sdl.SDL_GetKeyboardState(None)
-    for code in scancodes:
-        state[code] = 1
-    try:
-        yield
-    finally:
-        for code in scancodes:
-            state[code] = 0
 
 
 @contextlib.contextmanager

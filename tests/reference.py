@@ -6,6 +6,7 @@ shows in pixels. Nothing here is shared with the module that is tested.
 
 import ctypes
 from collections import namedtuple
+from contextlib import suppress
 from math import atan2, cos, sin, sqrt
 
 RADIANS = 0.017453292519943295
@@ -37,6 +38,10 @@ class Sprite:
         self.w, self.h = sheet.w // self.x_frames, sheet.h // self.y_frames
 
 
+class Unusable(Exception):
+    """A fog color that is no pixel: where a pass needs it, the pass ends."""
+
+
 class Scene:
     """What a frame depends on, and after `render` the frame: rows of words, and per column (hit or None, ray)."""
 
@@ -50,8 +55,9 @@ class Scene:
         self.camera = self.camera._replace(dir=normalized(self.camera.dir))
         self.horizon = self.height // 2 + self.camera.pitch
         render_sky(self)
-        render_columns(self)
-        render_sprites(self)
+        with suppress(Unusable):
+            render_columns(self)
+            render_sprites(self)
 
 
 # ---- pixels
@@ -70,6 +76,12 @@ def mix(base, color, a):
 
 def add_light(base, color, a):
     return channels(lambda b, c: min(((b << 8) + c * a) >> 8, 255), base, color)
+
+
+def usable(color):
+    if not 0 <= color < 2 ** 32:
+        raise Unusable(color)
+    return color
 
 
 def pixel(image, x, y):
@@ -200,7 +212,6 @@ def render_sky(scene):
 
 def render_columns(scene):
     camera, horizon = scene.camera, scene.horizon
-    scene.columns = []
     ray = rotated(camera.dir, camera.fov * -0.5 * RADIANS)
     for x in range(scene.width):
         hit, ray = trace(scene.level, camera.pos, ray)
@@ -211,9 +222,9 @@ def render_columns(scene):
             start = max(horizon - half, 0)
             end = min(horizon + half, scene.height - 1)
             render_wall(scene, hit, ray, x, start, end, half)
-            if scene.flashlight is not None:
-                render_flashlight(scene, hit.dist, x, start, end)
-        scene.columns.append((hit, ray))
+        scene.columns[x] = hit, ray
+        if hit is not None and scene.flashlight is not None:
+            render_flashlight(scene, hit.dist, x, start, end)
         render_flat(scene, FLOOR, ray, x, range(max(end, horizon + 1, 0), scene.height))
         render_flat(scene, CEILING, ray, x, range(min(start, scene.height)))
         ray = rotated(ray, camera.fov / scene.width * RADIANS)
@@ -227,7 +238,7 @@ def render_wall(scene, hit, ray, x, start, end, half):
     fog, ground_fog = amount(level.fog_density, hit.dist), amount(level.ground_density, hit.dist)
     if fog == 255:
         for y in range(start, end):
-            scene.frame[y][x] = level.fog_color
+            scene.frame[y][x] = usable(level.fog_color)
     elif hit.texture < len(level.textures):
         texture = level.textures[hit.texture]
         tex_step = texture.h / (2 * half + 1)
@@ -235,8 +246,8 @@ def render_wall(scene, hit, ray, x, start, end, half):
         for y in range(start, end):
             texel = pixel(texture, int(u * texture.w), int(tex_pos))
             if level.ground_density > 0:
-                texel = mix(texel, level.ground_color, foot_fog(ground_fog, y, start, 2 * half))
-            scene.frame[y][x] = mix(texel, level.fog_color, fog)
+                texel = mix(texel, usable(level.ground_color), foot_fog(ground_fog, y, start, 2 * half))
+            scene.frame[y][x] = mix(texel, usable(level.fog_color), fog)
             tex_pos += tex_step
 
 
@@ -262,13 +273,13 @@ def render_flat(scene, plane, ray, x, rows):
         cell = int(point[0]), int(point[1])
         index, fog = cell_byte(level, cell, plane), amount(level.fog_density, row_dist)
         if fog == 255 and index != NO_TEXTURE:
-            scene.frame[y][x] = level.fog_color
+            scene.frame[y][x] = usable(level.fog_color)
         elif index < len(level.textures):
             texture = level.textures[index]
             texel = pixel(texture, int((point[0] - cell[0]) * texture.w), int((point[1] - cell[1]) * texture.h))
             if plane == FLOOR:
-                texel = mix(texel, level.ground_color, amount(level.ground_density, row_dist))
-            scene.frame[y][x] = mix(texel, level.fog_color, fog)
+                texel = mix(texel, usable(level.ground_color), amount(level.ground_density, row_dist))
+            scene.frame[y][x] = mix(texel, usable(level.fog_color), fog)
 
 
 # ---- sprites
@@ -347,8 +358,8 @@ def draw_sprite(scene, sprite, depth, screen_x, half_h):
         for y in range(start_y, end_y) if hit is None or hit.dist > depth else ():
             p = pixel(sprite.sheet, int(tex_x) + left, int(tex_y) + upper)
             if not sprite.shadeless:
-                p = mix(p, level.ground_color, foot_fog(ground_fog, y, start_y, end_y - start_y))
-                p = mix(p, level.fog_color, fog)
+                p = mix(p, usable(level.ground_color), foot_fog(ground_fog, y, start_y, end_y - start_y))
+                p = mix(p, usable(level.fog_color), fog)
             scene.frame[y][x] = blend(scene.frame[y][x], p, p >> 24)
             tex_y += step_y
         tex_x += step_x

@@ -41,10 +41,13 @@ def random_level(rng):
     return with_fog(rng, Level(width, height, cells, textures, sky and noise(rng, sky, rng.randint(1, 60))))
 
 
+def fog_color(rng):
+    return rng.choice([0xFF000000 | rng.getrandbits(24)] * 12 + [-5, 0x100000000])     # the last are no pixels
+
+
 def with_fog(rng, level):
-    return level._replace(
-        fog_density=rng.choice([0, 3, 12, 51, 400]), fog_color=0xFF000000 | rng.getrandbits(24),
-        ground_density=rng.choice([0, 0, -3, 9, 80]), ground_color=0xFF000000 | rng.getrandbits(24))
+    return level._replace(fog_density=rng.choice([0, 3, 12, 51, 400]), fog_color=fog_color(rng),
+                          ground_density=rng.choice([0, 0, -3, 9, 80]), ground_color=fog_color(rng))
 
 
 def random_camera(rng, level, height):
@@ -72,7 +75,8 @@ def random_sprite(rng, level, eye, additive):
     return Sprite(pos, sheet, facing=rng.choice([(1.0, 0.0), (rng.gauss(0, 1), rng.gauss(0, 1))]),
                   x_frames=x_frames, y_frames=y_frames, frame_count=rng.randint(1, x_frames * y_frames // directions),
                   directions=directions, start_frame=rng.choice([0, 0, 1, 11]), oscillate=oscillate,
-                  speed=rng.uniform(-3 if oscillate else 0, 9), percentage=rng.choice([0.0, 0.3, 0.99, 3.0, -2.0]),
+                  speed=rng.choice([5.0, rng.uniform(-3 if oscillate else 0, 9)]),
+                  percentage=rng.choice([0.0, 0.75, 0.3, 0.99, 3.0, -2.0]),
                   shadeless=rng.random() < 0.25, additive=additive, z_offset=rng.choice([0.0, 0.4, -1.3, -40.0]),
                   scale=rng.choice([1.0, 0.5, 2.7, 0.01]))
 

@@ -85,8 +85,10 @@ def test_what_is_stored_is_seen_by_the_collector(cls):
 def test_releasing_a_value():
     class Nasty:
         def __del__(self):
+            seen.append(resource._filename)
             resource._filename = None
 
+    seen = []
     resource = zelvarine.Resource(None)
     for _ in range(200000):  # a chain of owners deeper than the stack
         resource = zelvarine.Resource(resource)
@@ -94,4 +96,4 @@ def test_releasing_a_value():
         resource._filename = Nasty()
         resource._filename = 1
         del resource._filename
-    assert resource.filename is None
+    assert resource.filename is None and seen == [1, 1, 1]  # the new value is there before the old one goes

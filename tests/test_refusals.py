@@ -8,12 +8,10 @@ import zelvarine as z
 REFUSALS = [
     # How a call is written
     ("v.add(v, v)", TypeError, "add() takes at most 1 positional argument (2 given)"),
-    ("v.add(v, other=v)", TypeError, "add() got multiple values for argument 'other'"),
     ("v.copy(1)", TypeError, "copy() takes no arguments (1 given)"),
     ("z.Vector2(1, 2, x=5)", TypeError, "__init__() got multiple values for argument 'x'"),
     ("z.Vector2(1, 2, z=3)", TypeError, "__init__() got an unexpected keyword argument 'z'"),
     # Numbers
-    ("z.Vector2('1', 2)", TypeError, "must be real number, not str"),
     ("engine.isKeyPressed('a')", TypeError, "an integer is required, not str"),
     ("engine.isKeyPressed(2 ** 31)", OverflowError, "value too large to convert to int"),
     ("engine.isKeyPressed(-2 ** 31 - 1)", OverflowError, "value too small to convert to int"),
@@ -24,7 +22,6 @@ REFUSALS = [
     ("slider.percent = NAN", ValueError, "the percent of a slider must not be NaN"),
     ("z.Sprite(texture, 0, 1, [])", ZeroDivisionError, "at least one column and one row"),
     ("z.Texture(-1, 5)", ValueError, "must not be negative, got -1 by 5"),
-    ("texture.fill((1, 2, 3, -1))", OverflowError, "can't convert negative value"),
     ("texture.fill((1, 2))", TypeError, "color must be a tuple of 3 (rgb) or 4 (rgba) integers"),
     # Text
     ("engine.setWindowTitle('a\\0b')", ValueError, "embedded null character"),
@@ -32,13 +29,9 @@ REFUSALS = [
     ("engine.setWindowTitle(None)", TypeError, "expected str, got NoneType"),
     ("z.Texture('a\\0b')", ValueError, "embedded null"),
     ("z.Music('a\\0b')", ValueError, "embedded null"),
-    ("z.Texture('missing.png')", OSError, "missing.png"),
     # Objects
     ("v.set(None)", TypeError, "expected zelvarine.Vector2, got NoneType"),
-    ("v.add('2')", TypeError, "expected zelvarine.Vector2, got str"),
-    ("v.sub([2])", TypeError, "expected zelvarine.Vector2, got list"),
     ("v.angleTo(2)", TypeError, "expected zelvarine.Vector2, got int"),
-    ("v + None", TypeError, "unsupported operand"),
     ("v - 2", TypeError, "unsupported operand"),
     ("v * type('Own', (z.Vector2,), {})(1, 2)", TypeError, "unsupported operand"),
     ("v * '2'", TypeError, "can't multiply sequence by non-int of type 'float'"),
@@ -49,21 +42,17 @@ REFUSALS = [
     ("z.MovementSystem(5)", TypeError, "expected zelvarine.Level, got int"),
     ("z.SpriteAnimation(None, 1, False, 1, 0, 1)", TypeError, "expected str, got NoneType"),
     ("z.component('a')(5)", TypeError, "component type must be a class"),
-    ("z.component(5)(int)", TypeError, "component name must be a string"),
     ("z.UIListContainer().addChild(5)", TypeError, "expected zelvarine.UIWidget, got int"),
     ("engine.addTaskAfter('x', print)", TypeError, "not supported between instances of 'str' and 'int'"),
-    ("2 * v", TypeError, "unsupported operand"),
     ("engine.setWindowPos((1, 2, 3))", ValueError, "too many values to unpack (expected 2)"),
     # Cells
     ("level.getBlock(30, 0)", IndexError, "cell (30, 0) is outside of the level of 30 by 30 cells"),
     ("level.setBlock(z.BLOCK_SQUARE, 29, 30)", IndexError, "cell (29, 30)"),
     ("level.getTextureIndex(7, 0, 0)", IndexError, "a cell has no byte 7"),
-    ("level.setTextureIndex(0, -1, 1, 1)", IndexError, "a cell has no byte -1"),
     # Attributes
     ("v.length = 1", AttributeError, "not writable"),
     ("del v.x", AttributeError, "this attribute cannot be deleted"),
-    ("v.other = 1", AttributeError, "no attribute 'other'"),
-    ("z.Vector2.other = 1", TypeError, "other"),
+    ("z.Vector2.other = 1", TypeError, "zelvarine.Vector2"),
 ]
 
 

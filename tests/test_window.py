@@ -22,15 +22,6 @@ def test_position_and_size(engine):
         assert engine.getWindowPos() == (10, 20) and engine.getWindowSize() == (30, 40)
 
 
-def test_icon(engine, tmp_path):
-    Texture(16, 16).saveFile(str(tmp_path / "ícon.png"))
-    for name in ("ícon.png", "missing.png"):
-        engine.setWindowIcon(str(tmp_path / name))
-    icons = []
-    type("Own", (Engine,), dict(setWindowIcon=lambda self, icon: icons.append(icon)))().init("t", (8, 8), icon="name")
-    assert icons == ["name"]
-
-
 def test_fullscreen(engine):
     def toggled():
         engine.toggleFullscreen()
@@ -41,23 +32,25 @@ def test_fullscreen(engine):
     engine.setWindowPos((11, 12))
     (event, display), (back, before) = toggled(), toggled()
     assert (event, back, before) == ((False, True), (True, False), (11, 12, 64, 48)) and display[2:] > before[2:]
-    toggled()
-    engine.setFullscreen(False)  # takes the rectangle of the toggle along
-    engine.setWindowPos((70, 80))
-    engine.setWindowSize((30, 20))
-    engine.setFullscreen(1)
-    assert engine.isFullscreen() is True and events == []  # only a toggle fires
-    event, after = toggled()  # what SDL makes of it
-    assert event == (True, False) and engine.isFullscreen() is False and after not in (before, (0, 0, 0, 0))
-    toggled()
-    engine.init("t", (40, 30), fullscreen=True)  # as does a window that ends
+    ends = (toggled, lambda: engine.setFullscreen(False), lambda: engine.init("t", (64, 48)))
+    for end in ends:  # each takes the rectangle along that a toggle had saved
+        engine.setWindowPos(before[:2])
+        engine.setWindowSize(before[2:])
+        toggled()
+        end()
+        engine.setWindowPos((70, 80))
+        engine.setFullscreen(1)
+        assert engine.isFullscreen() is True and events == []  # only a toggle fires
+        event, after = toggled()  # what SDL makes of it
+        assert event == (True, False) and engine.isFullscreen() is False and after not in (before, (0, 0, 0, 0))
+    engine.init("t", (40, 30), fullscreen=True)
     assert not engine.isFullscreen()
     engine.update()
     assert engine.isFullscreen() and Engine._tasks == events == []
 
 
 @pytest.mark.parametrize("arguments, expected", [
-    (dict(), 0), (dict(show=False), HIDDEN), (dict(resizeable=True), RESIZABLE), (dict(captureMouse=True), GRABBED)])
+    (dict(), 0), (dict(show=False, windowid=-1.0), HIDDEN), (dict(resizeable=True), RESIZABLE), (dict(captureMouse=True), GRABBED)])
 def test_flags_of_the_window(engine, arguments, expected):
     engine.init("t", (40, 30), **arguments)
     assert helpers.sdl.SDL_GetWindowFlags(helpers.newestWindow()) & (HIDDEN | RESIZABLE | GRABBED) == expected
@@ -66,18 +59,19 @@ def test_flags_of_the_window(engine, arguments, expected):
     assert engine.isMouseCaptured() is False
 
 
-def test_screenshot_has_the_size_of_the_window(engine, tmp_path):
-    target = Texture(64, 48)
+def test_files(engine, tmp_path):
+    target, path = Texture(64, 48), str(tmp_path / "sh\xf6t.bmp")  # PNG all the same
     target.fill((200, 100, 50))
     engine.ecs.addSystem(Renderer(target))
     engine.setWindowSize((128, 96))
     engine.update()
-    path = tmp_path / "shot.bmp"  # PNG all the same
-    engine.saveScreenshot(str(path))
-    assert path.read_bytes()[:4] == b"\x89PNG"
-    shot = Texture(str(path))
+    for name in (path, str(tmp_path / "no" / "such" / "folder.png")):
+        engine.saveScreenshot(name)
+        engine.setWindowIcon(name)
+    with open(path, "rb") as file:
+        assert file.read(4) == b"\x89PNG"
+    shot = Texture(path)
     assert shot.getSize() == (128, 96) and {*memoryview(shot).cast("B").cast("I")} == {0xFFC86432}
-    engine.saveScreenshot(str(tmp_path / "no" / "such" / "folder.png"))
 
 
 @pytest.mark.skipif(not (shutil.which("Xvfb") and shutil.which("xdotool")), reason="needs Debian's xvfb and xdotool")

@@ -219,6 +219,5 @@ template <class T, class... A> Ref<T> make(const A&... args)
 {
     return Ref<T>::steal(PyObject_CallFunctionObjArgs(classOf<T>(), toPython(args).raw()..., nullptr));
 }
-template <class T, class... A> Ref<T> create(const A&... args) { return make<T>(args...); }
 
 }  // namespace zv

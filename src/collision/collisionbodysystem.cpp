@@ -1,5 +1,6 @@
 #include "collision/collisionbodysystem.hpp"
 
+#include "binding/items.hpp"
 #include "resources/entity/basiccomponents.hpp"
 
 namespace zv {
@@ -34,7 +35,7 @@ Ref<> CollisionBodySystem::traceEntities(const Vector2& pos, Vector2& dir, doubl
     });
     std::stable_sort(found.begin(), found.end(), [](const Found& a, const Found& b) { return a.dist < b.dist; });
     Ref<> result = Ref<>::steal(PyList_New(0));
-    for (const Found& f : found) checked(PyList_Append(result.raw(), toPython(std::tuple(f.entity, f.dist)).raw()));
+    for (const Found& f : found) append(result.raw(), std::tuple(f.entity, f.dist));
     return result;
 }
 

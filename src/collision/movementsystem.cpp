@@ -5,29 +5,17 @@
 
 namespace zv {
 
-void CollisionEvent::init(Ref<Entity> mover, Ref<Entity> other) {
-    Event::init();
-    entity1 = std::move(mover);
-    entity2 = std::move(other);
-}
-
 void MovementSystem::eachRef(RefVisitor& visit) {
     AbstractSystem::eachRef(visit);
     visit(level);
     visit(bodies);
-    for (Body& body : knownBodies) {
-        visit(body.entity);
-        visit(body.position);
-        visit(body.collision);
-    }
 }
 
 void MovementSystem::init(Ref<Level> newLevel) {
-    Ref<CollisionBodySystem> newBodies = make<CollisionBodySystem>();
-    newBodies->init();
     initTypes({&typeOf<PositionComponent>, &typeOf<VelocityComponent>});
     level = std::move(newLevel);
-    bodies = std::move(newBodies);
+    bodies = make<CollisionBodySystem>();
+    bodies->init();
 }
 
 void MovementSystem::setEngine(Ref<Engine> newEngine) {
@@ -39,8 +27,9 @@ void MovementSystem::setEngine(Ref<Engine> newEngine) {
 void MovementSystem::setEcs(Ref<Ecs> newEcs) {
     Ref<CollisionBodySystem> held = bodies;
     if (Ref<Ecs> old = ecs; old && held) call<&Ecs::removeSystem>(*old, held.raw());
-    AbstractSystem::setEcs(newEcs);
-    if (newEcs && held) call<&Ecs::addSystem>(*newEcs, held.raw());
+    AbstractSystem::setEcs(std::move(newEcs));
+    held = bodies;
+    if (Ref<Ecs> now = ecs; now && held) call<&Ecs::addSystem>(*now, held.raw());
 }
 
 // A kick decays in a straight line, whatever its size.
@@ -53,87 +42,85 @@ static void brake(Vector2& impulse, double loss) {
 }
 
 void MovementSystem::update(double timeStep) {
-    struct Scope {
-        MovementSystem& system;
-        explicit Scope(MovementSystem& s) : system(s) {
-            system.bodiesKnown = false;
-            // A subclass may run code of its own between two movers.
-            system.updating = Py_TYPE(system.self()) == &typeOf<MovementSystem>;
-        }
-        ~Scope() {
-            system.updating = system.bodiesKnown = false;
-            std::vector<Body>().swap(system.knownBodies);
-        }
-    } scope(*this);
-    AbstractSystem::update(timeStep);
-}
-
-const std::vector<MovementSystem::Body>& MovementSystem::currentBodies() {
-    if (bodiesKnown) return knownBodies;
-    std::vector<Body> current;
-    bodiesArePlain = true;
-    forEach(Ref<List>(bodies->entities).raw(), [&](PyObject* entity) {
-        bodiesArePlain = bodiesArePlain && Py_TYPE(entity) == &typeOf<Entity>;
-        current.push_back(
-            {Ref<>::borrow(entity), componentOf<PositionComponent>(entity), componentOf<CollisionComponent>(entity)});
-    });
-    knownBodies.swap(current);
-    bodiesKnown = true;
-    return knownBodies;
+    // A subclass may run code of its own between two movers.
+    if (Py_TYPE(self()) != &typeOf<MovementSystem>) return AbstractSystem::update(timeStep);
+    BodyCache cache(bodies);
+    Ref<> walked = listCopy(entities);
+    forEach(walked.raw(), [&](PyObject* entity) { moveEntity(entity, timeStep, cache); });
 }
 
 void MovementSystem::updateEntity(PyObject* entity, double timeStep) {
+    BodyCache cache(bodies);
+    moveEntity(entity, timeStep, cache);
+}
+
+void MovementSystem::moveEntity(PyObject* entity, double timeStep, BodyCache& cache) {
     Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
     Ref<VelocityComponent> velocity = componentOf<VelocityComponent>(entity);
     Ref<CollisionComponent> collision = componentOf<CollisionComponent>(entity);
+    if (!isNative(entity) || !cache.areNative()) cache.forget();
     Vector2 &impulse = *velocity->impulse, &steady = *velocity->velocity;
     brake(impulse, timeStep * std::fabs(velocity->friction));
     Point movement = (steady.point() + impulse.point()) * timeStep;
-    if (collision) return moveWithCollisionDetection(entity, *position, *collision, movement);
+    if (collision) return moveWithCollisionDetection(entity, *position, *collision, movement, cache);
     Ref<Vector2> pos = position->pos;
     call<&Vector2::add>(*pos, *makeVector(movement));
-    if (Py_TYPE(entity) != &typeOf<Entity> || Py_TYPE(pos.raw()) != &typeOf<Vector2>) bodiesKnown = false;
+    if (Py_TYPE(pos.raw()) != &typeOf<Vector2>) cache.forget();
 }
 
 void MovementSystem::moveWithCollisionDetection(
-    PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement) {
+    PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement, BodyCache& cache) {
     Point from = position.pos->point();
     Move move{from, movement, from + movement, collision.radius};
-    pushOutOfBodies(entity, move, position, collision);
-    pushOffWalls(entity, move, position, collision);
+    pushOutOfBodies(entity, move, position, collision, cache);
+    pushOffWalls(entity, move, position, collision, cache);
     position.pos->assign(move.target);
 }
 
+// Words are compared without running a script.
+static bool areWords(PyObject* flags) {
+    if (!PyList_CheckExact(flags)) return false;
+    for (Py_ssize_t i = 0; i < PyList_GET_SIZE(flags); i++)
+        if (!PyUnicode_CheckExact(PyList_GET_ITEM(flags, i))) return false;
+    return true;
+}
+
 // One way: the mover's ignored flags are looked up in the other body.
-static bool isIgnored(const Ref<List>& ignoreFlags, const Ref<List>& otherFlags) {
-    if (!ignoreFlags || !otherFlags || PyList_GET_SIZE(ignoreFlags.raw()) == 0) return false;
-    Ref<List> ignored = ignoreFlags, flags = otherFlags;
+static bool isIgnored(Ref<List> ignoreFlags, Ref<List> otherFlags, BodyCache& cache) {
+    if (!otherFlags) return false;
+    bool runsScripts = !areWords(ignoreFlags.raw()) || !areWords(otherFlags.raw());
     bool found = false;
-    forEach(ignored.raw(), [&](PyObject* flag) { found = found || contains(flags.raw(), flag); });
+    forEach(ignoreFlags.raw(), [&](PyObject* flag) { found = found || contains(otherFlags.raw(), flag); });
+    if (runsScripts) cache.forget();
     return found;
 }
 
 void MovementSystem::pushOutOfBodies(
-    PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision) {
-    if (!updating || !bodiesArePlain) bodiesKnown = false;
-    for (size_t i = 0; i < currentBodies().size(); i++) {
-        const Body& known = knownBodies[i];
-        if (known.collision.get() == &collision) continue;
-        if (!move.overlaps(known.position->pos->point(), known.collision->radius)) continue;
-        Body other = known;  // from here on scripts may run
-        if (isIgnored(collision.ignoreFlags, other.collision->hasFlags)) continue;
-        if (!other.collision->isOnlyTrigger) move.pushOutOf(other.position->pos->point(), other.collision->radius);
-        fireCollision(entity, other.entity.raw());
+    PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision, BodyCache& cache) {
+    auto lookAgain = [&] {  // scripts may have moved the mover, too
         move.from = position.pos->point();
         move.radius = collision.radius;
+    };
+    for (size_t i = 0; i < cache.bodies().size(); i++) {
+        const BodyCache::Body& known = cache.bodies()[i];
+        if (known.collision.get() == &collision) continue;
+        // Most bodies are far away; flags come before that only if there are any.
+        bool ignores = collision.ignoreFlags && PyList_GET_SIZE(collision.ignoreFlags.raw()) > 0;
+        if (!ignores && !move.overlaps(known.position->pos->point(), known.collision->radius)) continue;
+        BodyCache::Body other = known;
+        if (ignores && isIgnored(collision.ignoreFlags, other.collision->hasFlags, cache)) continue;
+        lookAgain();
+        if (!move.overlaps(other.position->pos->point(), other.collision->radius)) continue;
+        if (!other.collision->isOnlyTrigger) move.pushOutOf(other.position->pos->point(), other.collision->radius);
+        fireCollision(entity, other.entity.raw(), cache);
+        lookAgain();
     }
-    if (!updating) std::vector<Body>().swap(knownBodies);
 }
 
 // Eight rays look for walls from where the mover came. A push goes along its ray, so that what is parallel to
 // a wall stays: sliding needs no code of its own.
 void MovementSystem::pushOffWalls(
-    PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision) {
+    PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision, BodyCache& cache) {
     constexpr double s = diagonalUnit;
     static constexpr Point directions[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}, {s, s}, {-s, -s}, {-s, s}, {s, -s}};
     Point origin = position.pos->point();
@@ -143,26 +130,24 @@ void MovementSystem::pushOffWalls(
         if (!walls) return;
         traceGridRay(walls->grid(), origin, dir, hit);
         if (hit.outOfBounds || !(hit.dist < collision.radius)) continue;
-        double depth = collision.radius - length(hit.pos - position.pos->point());
+        double depth = collision.radius - length(hit.pos - position.pos->point());  // from where a handler put it
         move.target = move.target - dir * depth;
-        fireCollision(entity, nullptr);
+        fireCollision(entity, nullptr, cache);
     }
 }
 
-void MovementSystem::fireCollision(PyObject* entity, PyObject* other) {
+void MovementSystem::fireCollision(PyObject* entity, PyObject* other, BodyCache& cache) {
     Ref<Engine> listening = engine;
     if (!listening) return;
-    bodiesKnown = false;  // handlers may change anything, and move others before and after that
-    Ref<CollisionEvent> event = make<CollisionEvent>();
-    event->init(Convert<Ref<Entity>>::from(entity), other ? Convert<Ref<Entity>>::from(other) : Ref<Entity>());
-    callByName(listening.raw(), "fireEvent"_name, event);
-    bodiesKnown = false;
+    callByName(listening.raw(), "fireEvent"_name, make<CollisionEvent>(entity, other));
+    cache.forget();
 }
 
 void declareMovementSystem(Module& module) {
     Class<CollisionEvent, Event>("zelvarine.CollisionEvent",
-        "An entity has run into something: `entity1` moved, `entity2` is the body that it ran into, or None for a wall.")
-        .init<&CollisionEvent::init>({{"entity1"}, {"entity2"}})
+        "An entity has run into something: `entity1` moved, `entity2` is the body that it ran into, or None for\n"
+        "a wall.")
+        .init<&CollisionEvent::entity1, &CollisionEvent::entity2>({{"entity1"}, {"entity2"}})
         .readonly<&CollisionEvent::entity1>("entity1", "the entity that moved")
         .readonly<&CollisionEvent::entity2>("entity2", "the body that it ran into, or None for a wall")
         .addTo(module.raw());

@@ -1,8 +1,7 @@
 // Moves entities, and keeps them out of bodies and walls.
 #pragma once
-#include "collision/collisionbodysystem.hpp"
+#include "collision/bodycache.hpp"
 #include "events.hpp"
-#include "resources/entity/basiccomponents.hpp"
 #include "resources/level.hpp"
 
 namespace zv {
@@ -14,7 +13,6 @@ struct CollisionEvent : Event {
         visit(entity1);
         visit(entity2);
     }
-    void init(Ref<Entity> mover, Ref<Entity> other);
 };
 
 struct MovementSystem : AbstractSystem {
@@ -30,24 +28,15 @@ struct MovementSystem : AbstractSystem {
 
 protected:
     virtual void moveWithCollisionDetection(
-        PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement);
+        PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement, BodyCache& cache);
 
 private:
-    // A body with its components at hand. Every mover looks at every body, so they are fetched once for all
-    // movers, and anew as soon as a script may have changed something. Entities of a script's own class may
-    // answer differently to every mover.
-    struct Body {
-        Ref<> entity;
-        Ref<PositionComponent> position;
-        Ref<CollisionComponent> collision;
-    };
-    std::vector<Body> knownBodies;
-    bool updating = false, bodiesKnown = false, bodiesArePlain = true;
-
-    const std::vector<Body>& currentBodies();
-    void pushOutOfBodies(PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision);
-    void pushOffWalls(PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision);
-    void fireCollision(PyObject* entity, PyObject* other);
+    void moveEntity(PyObject* entity, double timeStep, BodyCache& cache);
+    void pushOutOfBodies(
+        PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision, BodyCache& cache);
+    void pushOffWalls(
+        PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision, BodyCache& cache);
+    void fireCollision(PyObject* entity, PyObject* other, BodyCache& cache);
 };
 
 void declareMovementSystem(Module&);

@@ -25,11 +25,4 @@ inline uint32_t addLight(uint32_t base, uint32_t color, int weight) {
     return result;
 }
 
-// How far ground fog has risen at a row of a wall or sprite: the squared share of the way down, in the single
-// precision that the picture is defined in.
-inline int groundFogAt(int groundFog, int y, int top, int rows) {
-    double share = static_cast<double>((static_cast<float>(y) - static_cast<float>(top)) / static_cast<float>(rows));
-    return static_cast<int>(static_cast<float>(groundFog) * static_cast<float>(share * share));
-}
-
 }  // namespace zv

@@ -5,17 +5,29 @@
 
 namespace zv {
 
-struct Image {
-    uint32_t* pixels = nullptr;
+template <class Word> struct Pixels {
+    Word* pixels = nullptr;
     int width = 0, height = 0;
 
-    uint32_t& at(int x, int y) const {
+    Word* row(int y) const {
 #ifdef ZELVARINE_CHECKED
-        if (x < 0 || y < 0 || x >= width || y >= height) __builtin_trap();
+        if (y < 0 || y >= height) __builtin_trap();
 #endif
-        return pixels[static_cast<ptrdiff_t>(y) * width + x];
+        return pixels + static_cast<ptrdiff_t>(y) * width;
+    }
+    Word& at(int x, int y) const {
+#ifdef ZELVARINE_CHECKED
+        if (x < 0 || x >= width) __builtin_trap();
+#endif
+        return row(y)[x];
     }
     bool empty() const { return width <= 0 || height <= 0; }
+
+    operator Pixels<const Word>() const { return {pixels, width, height}; }
 };
+
+// What is read, and what is drawn on. A mutable image can be read, too.
+using Image = Pixels<const uint32_t>;
+using MutableImage = Pixels<uint32_t>;
 
 }  // namespace zv

@@ -50,7 +50,7 @@ int faceOf(int side, Point dir) {
 
 void record(RayHit& hit, const Grid& grid, int cellX, int cellY, int side, Point point, Point pos, Point dir) {
     const uint8_t* cell = grid.cell(cellX, cellY);
-    hit.block = cell[0];
+    hit.block = cell[cellBlock];
     hit.pos = point;
     hit.cellX = cellX;
     hit.cellY = cellY;
@@ -71,7 +71,7 @@ bool isAhead(Point d, Point dir) {
 
 // The camera may stand in the open half of a triangle: its hypotenuse comes before any grid line.
 bool hitInOwnCell(const Grid& grid, int cellX, int cellY, Point pos, Point dir, RayHit& hit) {
-    int block = grid.cell(cellX, cellY)[0];
+    int block = grid.cell(cellX, cellY)[cellBlock];
     if (!isTriangle(block)) return false;
     std::optional<Point> meeting = meetHypotenuse(block, cellX, cellY, pos, dir);
     if (!meeting || !isAhead(*meeting - pos, dir)) return false;
@@ -100,7 +100,7 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
     bool startsInside = pos.x >= 0 && pos.y >= 0 && pos.x < grid.width && pos.y < grid.height;
     hit.outOfBounds = !startsInside;
     if (!startsInside) {
-        hit.block = 0;
+        hit.block = blockEmpty;
         return;
     }
     int cellX = truncate(pos.x), cellY = truncate(pos.y);
@@ -119,7 +119,7 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
         int cx = truncate(point.x) - (vertical && dir.x < 0), cy = truncate(point.y) - (!vertical && dir.y < 0);
         hit.outOfBounds = !grid.contains(cx, cy);
         int block = blockEmpty;
-        if (!hit.outOfBounds) block = grid.cell(cx, cy)[0];
+        if (!hit.outOfBounds) block = grid.cell(cx, cy)[cellBlock];
         if (block != blockEmpty) {
             if (!entersOpenHalf(block, vertical, dir)) return record(hit, grid, cx, cy, !vertical, point, pos, dir);
             if (auto meeting = meetHypotenuse(block, cx, cy, pos, dir))
@@ -133,7 +133,7 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
             crossY = horizontalCrossing();
         }
     }
-    hit.block = 0;
+    hit.block = blockEmpty;
 }
 
 }  // namespace zv

@@ -6,14 +6,14 @@
 namespace zv {
 
 struct RayHit {
-    uint8_t block = 0;     // block type that was hit; 0 when the ray left the grid
-    Point pos;             // the hit point
-    Point rayDir;          // direction of the ray; written by the caller
-    int side = 0;          // 1: came through a horizontal grid line, 0: through a vertical one
-    int outOfBounds = 1;   // 1: nothing was found inside the grid, and the other fields mean nothing
-    int textureIndex = 0;  // byte `face` of the cell
-    double dist = 0;       // from the ray's origin to pos
-    int face = 0;          // cellNorth, cellEast, cellSouth or cellWest
+    uint8_t block = blockEmpty;  // type that was hit; blockEmpty when the ray left the grid
+    Point pos;                   // the hit point
+    Point rayDir;                // direction of the ray; written by the caller
+    int side = 0;                // 1: came through a horizontal grid line, 0: through a vertical one
+    int outOfBounds = 1;         // 1: nothing was found inside the grid, and the other fields mean nothing
+    int textureIndex = 0;        // byte `face` of the cell
+    double dist = 0;             // from the ray's origin to pos
+    int face = cellBlock;        // cellNorth, cellEast, cellSouth or cellWest of what was hit
     int cellX = 0, cellY = 0;
     Point normal;  // outward normal of the surface
 };

@@ -1,22 +1,15 @@
-// Numbers and rectangles of widgets: signed 32-bit pixels, computed in 64 bits, so that no size or
-// position a script may set runs over.
+// Rectangles of widgets: signed 32-bit pixels, computed in 64 bits, so that no size or position a
+// script may set runs over.
 #pragma once
 #include <SDL_rect.h>
 
 #include <algorithm>
 #include <climits>
-#include <cmath>
 #include <cstdint>
 
 namespace zv {
 
 inline int saturate(int64_t v) { return static_cast<int>(std::clamp<int64_t>(v, INT_MIN, INT_MAX)); }
-
-// Toward zero, as int() does; what no int can hold becomes the nearest one, and NaN 0.
-inline int64_t truncated(double v) {
-    constexpr double limit = 1LL << 52;
-    return std::isnan(v) ? 0 : static_cast<int64_t>(std::clamp(v, -limit, limit));
-}
 
 // The common part of two rectangles; its size is 0 or negative when they do not meet.
 inline SDL_Rect intersection(const SDL_Rect& a, const SDL_Rect& b) {

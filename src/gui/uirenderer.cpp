@@ -1,18 +1,16 @@
 #include "gui/uirenderer.hpp"
 
-#include "ui/anchoredcontainer.hpp"
-
 namespace zv {
+
+struct UIAnchoredContainer;
 
 void UIRenderer::init(Ref<Texture> newTarget, int newFillBackground, Ref<UITheme> newTheme) {
     PyObject* noComponentType = Py_None;  // which no entity has
     Renderer::init(std::move(newTarget), Args{&noComponentType, 1});
     fillBackground = newFillBackground != 0;
     theme = std::move(newTheme);
-    Ref<UIAnchoredContainer> root = make<UIAnchoredContainer>();
-    root->init();
-    root->renderer = Ref<UIRenderer>::to(*this);
-    widget = Ref<UIWidget>::to(*root);
+    widget = Convert<Ref<UIWidget>>::from(callFunction(classOf<UIAnchoredContainer>()).raw());
+    widget->renderer = Ref<UIRenderer>::to(*this);
 }
 
 void UIRenderer::setWidget(PyObject* newWidget) {
@@ -26,7 +24,7 @@ Ref<> UIRenderer::getSize() const { return callByName(target.raw(), "getSize"_na
 
 void UIRenderer::render() {
     if (fillBackground) {
-        Ref<> color = callByName(theme.raw(), "getIntColor"_name, "background"_name.text);
+        Ref<> color = callByName(theme.raw(), "getIntColor"_name, std::string_view("background"));
         uint32_t word = Convert<uint32_t>::from(color.raw());
         SDL_FillRect(target->surface(), nullptr, word);
     }
@@ -43,11 +41,9 @@ void UIRenderer::render() {
 }
 
 void UIRenderer::setEngine(Ref<Engine> newEngine) {
-    auto* click = reinterpret_cast<PyObject*>(&typeOf<MouseClickEvent>);
-    auto* wheel = reinterpret_cast<PyObject*>(&typeOf<MouseWheelEvent>);
     auto forBoth = [&](PyObject* someEngine, Name& method) {
-        callByName(someEngine, method, click, getAttribute(self(), "_onClick"_name));
-        callByName(someEngine, method, wheel, getAttribute(self(), "_onScroll"_name));
+        callByName(someEngine, method, classOf<MouseClickEvent>(), getAttribute(self(), "_onClick"_name));
+        callByName(someEngine, method, classOf<MouseWheelEvent>(), getAttribute(self(), "_onScroll"_name));
     };
     Ref<> oldEngine = callByName(self(), "getEngine"_name);
     if (oldEngine.raw() != Py_None) forBoth(oldEngine.raw(), "unsubscribeEvent"_name);

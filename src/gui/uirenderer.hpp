@@ -3,7 +3,6 @@
 #include "gui/uitheme.hpp"
 #include "gui/uiwidget.hpp"
 #include "renderer.hpp"
-#include "sdl/blit.hpp"
 
 namespace zv {
 
@@ -27,12 +26,7 @@ struct UIRenderer : Renderer {
     void handleClick(MouseClickEvent* event);
     void handleScroll(MouseWheelEvent* event);
 
-    // The theme's table of pieces.
-    Ref<> pieces() const { return getAttribute(theme.raw(), "widgets"_name); }
-    // What widgets draw with; good until the next Python code runs.
-    Canvas canvas() const { return unclipped(target->surface()); }
-    Canvas canvas(const SDL_Rect& clip) const { return {target->surface(), clip}; }
-    SDL_Surface* tileset() const { return theme->tileset->surface(); }
+    SDL_Point targetSize() const { return {target->getWidth(), target->getHeight()}; }
 };
 
 void declareUIRenderer(Module&);

@@ -6,57 +6,39 @@
 namespace zv {
 
 static Ref<> loadJson(PyObject* filename) {
-    static Name json{"_json"}, load{"load"};
     Ref<> loaded;
-    withFile(filename, "r", [&](PyObject* file) { loaded = callByName(Module::global(json).raw(), load, file); });
+    withFile(filename, "r",
+        [&](PyObject* file) { loaded = callByName(Module::global("_json"_name).raw(), "load"_name, file); });
     return loaded;
 }
 
 // Where the theme file says that another file is.
 static Ref<> pathIn(const Ref<>& folder, const Ref<>& name) {
-    static Name path{"_ospath"}, join{"join"};
-    return callByName(Module::global(path).raw(), join, folder, name);
+    return callByName(Module::global("_ospath"_name).raw(), "join"_name, folder, name);
 }
 
-static void setItem(const Ref<Dict>& dict, PyObject* key, const Ref<>& value) {
-    checked(PyDict_SetItem(dict.raw(), key, value.raw()));
-}
-
-// By value: the name's own comparison may run a script, and the dict must outlive that.
-static Ref<> lookUp(Ref<Dict> dict, PyObject* key) { return Ref<>::steal(PyObject_GetItem(dict.orNone(), key)); }
-
+// Each step leaves what it has read in the theme, also when a later one fails.
 void UITheme::init(PyObject* filename) {
-    static Name path{"_ospath"}, dirname{"dirname"};
     Ref<> theme = loadJson(filename);
-    Ref<> pieces = item(theme.raw(), "widgets");
-    Ref<Dict> newWidgets = Ref<Dict>::borrow(checkType<Dict>(pieces.raw()));
-    Ref<> folder = callByName(Module::global(path).raw(), dirname, filename);
-    Ref<Texture> newTileset = make<Texture>();
-    newTileset->init(pathIn(folder, item(theme.raw(), "tileset")).raw(), nullptr);
-
-    Ref<Dict> newFonts = newDict(), newIntColors = newDict(), newColors = newDict();
+    widgets = Convert<Ref<Dict>>::from(checkType<Dict>(item(theme.raw(), "widgets").raw()));
+    Ref<> folder = callByName(Module::global("_ospath"_name).raw(), "dirname"_name, filename);
+    tileset = make<Texture>(pathIn(folder, item(theme.raw(), "tileset")));
     Ref<> fontEntries = item(theme.raw(), "fonts");
     forEach(fontEntries.raw(), [&](PyObject* name) {
-        Ref<> entry = Ref<>::steal(PyObject_GetItem(fontEntries.raw(), name));
+        Ref<> entry = item(fontEntries.raw(), name);
         Ref<> file = pathIn(folder, item(entry.raw(), "file"));
-        Ref<Font> font = make<Font>();
-        font->init(file, item(entry.raw(), "size").raw());
-        setItem(newFonts, name, toPython(font));
+        setItem(fonts.raw(), name, make<Font>(file, item(entry.raw(), "size")));
     });
     Ref<> colorEntries = item(theme.raw(), "colors");
     forEach(colorEntries.raw(), [&](PyObject* name) {
-        Ref<> value = Ref<>::steal(PyObject_GetItem(colorEntries.raw(), name));
-        Ref<> word = call<&UITheme::convertHex>(*this, value.raw());
-        setItem(newIntColors, name, word);
-        setItem(newColors, name, toPython(call<&UITheme::convertColor>(*this, word.raw())));
+        Ref<> word = call<&UITheme::convertHex>(*this, item(colorEntries.raw(), name).raw());
+        setItem(intColors.raw(), name, word);
+        setItem(colors.raw(), name, call<&UITheme::convertColor>(*this, word.raw()));
     });
-
-    tileset = std::move(newTileset);
-    widgets = std::move(newWidgets);
-    fonts = std::move(newFonts);
-    intColors = std::move(newIntColors);
-    colors = std::move(newColors);
 }
+
+// By value: the name's own comparison may run a script, and the dict must outlive that.
+static Ref<> lookUp(Ref<Dict> dict, PyObject* key) { return item(dict.raw(), key); }
 
 Ref<Font> UITheme::getFont(Ref<Str> name) const { return Convert<Ref<Font>>::from(lookUp(fonts, name.orNone()).raw()); }
 Ref<> UITheme::getColor(PyObject* name) const { return lookUp(colors, name); }

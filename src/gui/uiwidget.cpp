@@ -1,17 +1,16 @@
 #include "gui/uiwidget.hpp"
 
-#include "gui/geometry.hpp"
 #include "gui/uirenderer.hpp"
 #include "sdl/error.hpp"
-#include "ui/abstractcontainer.hpp"
 
 namespace zv {
 
 void UIWidget::setRenderer(const Ref<UIRenderer>& newRenderer) { renderer = newRenderer; }
 
 void UIWidget::setParent(Ref<AbstractUIContainer> newParent) {
-    if (newParent) setRenderer(newParent->renderer);
-    parent = std::move(newParent);
+    Ref<UIWidget> container = Ref<UIWidget>::borrow(newParent.raw());
+    if (container) setRenderer(container->renderer);
+    parent = std::move(container);
 }
 
 void UIWidget::calculateMinSize() {
@@ -20,17 +19,10 @@ void UIWidget::calculateMinSize() {
 }
 
 void UIWidget::calculateMaxSize() {
-    int availableWidth, availableHeight;
-    if (parent) {
-        availableWidth = parent->innerWidth;
-        availableHeight = parent->innerHeight;
-    } else if (renderer) {
-        std::tie(availableWidth, availableHeight) = renderer->target->getSize();
-    } else {
-        return;
-    }
-    if (sizePolicyX == SIZE_GROW) width = saturate(int64_t{availableWidth} - marginLeft - marginRight);
-    if (sizePolicyY == SIZE_GROW) height = saturate(int64_t{availableHeight} - marginTop - marginBottom);
+    if (!parent && !renderer) return;
+    SDL_Point available = parent ? parent->innerSize() : renderer->targetSize();
+    if (sizePolicyX == SIZE_GROW) width = saturate(int64_t{available.x} - marginLeft - marginRight);
+    if (sizePolicyY == SIZE_GROW) height = saturate(int64_t{available.y} - marginTop - marginBottom);
 }
 
 SDL_Rect UIWidget::getClippedRect(const Clip& clip) {
@@ -80,6 +72,21 @@ void UIWidget::requireRenderer() {
     if (isVisible && !renderer) raiseEngine("Can not render a widget that is not attached to a UIRenderer object!");
 }
 
+std::optional<Canvas> UIWidget::beginRender(const Clip& clip) {
+    if (!isVisible) return {};
+    SDL_Rect seen = getClippedRect(clip);
+    if (isEmpty(seen)) return {};
+    requireRenderer();
+    return Canvas(renderer->target, seen);
+}
+
+Ref<> UIWidget::pieces() const {
+    Ref<UITheme> theme = renderer->theme;
+    return getAttribute(theme.raw(), "widgets"_name);
+}
+
+Ref<Texture> UIWidget::tileset() const { return renderer->theme->tileset; }
+
 void UIWidget::fireEvent(const Ref<>& event) const {
     if (renderer && renderer->engine) callByName(renderer->engine.raw(), "fireEvent"_name, event);
 }
@@ -119,9 +126,7 @@ void declareUIWidget(Module& module) {
         .method<&UIWidget::setParent>("_setParent", {{"parent", Required{}, "AbstractUIContainer or None"}},
             "Called when the widget joins a container: it takes the container's renderer. With None it keeps the\n"
             "renderer that it has.")
-        .method<&UIWidget::setMargin>("setMargin", {},
-            "Sets the margins in the order of the CSS shorthand: all; top and bottom, left and right; top, left\n"
-            "and right, bottom; or top, right, bottom, left. Raises ValueError for any other count of values.")
+        .method<&UIWidget::setMargin>("setMargin", {}, edgesDoc)
         .method<&UIWidget::handleClick>("_onClick", {{"event"}},
             "Called for every click on the user interface. An enabled widget under the mouse calls its `onClick`.\n"
             "@return(bool) whether the widget took the click")

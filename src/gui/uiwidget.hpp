@@ -1,8 +1,8 @@
 // The base of all widgets: geometry, layout pass, hover and drag tracking, clicks.
 #pragma once
+#include "binding/items.hpp"
 #include "events.hpp"
-
-#include <SDL_rect.h>
+#include "gui/canvas.hpp"
 
 namespace zv {
 
@@ -26,7 +26,7 @@ inline const std::vector<Param> clipParams{
 
 // All numbers are pixels of the render target, positions absolute there.
 struct UIWidget : Object {
-    Ref<AbstractUIContainer> parent;
+    Ref<UIWidget> parent;  // the container that holds the widget
     Ref<UIRenderer> renderer;
     int sizePolicyX = SIZE_AUTO, sizePolicyY = SIZE_AUTO;
     int width = 0, height = 0;
@@ -53,13 +53,15 @@ struct UIWidget : Object {
     virtual void calculateMaxSize();
     virtual void calculatePos() {}
     virtual SDL_Rect getClippedRect(const Clip& clip);
+    // The room that a container offers to its children.
+    virtual SDL_Point innerSize() const { return {0, 0}; }
 
     void init() {}
     void setParent(Ref<AbstractUIContainer> newParent);
     void setMargin(Args values);
     bool handleClick(MouseClickEvent* event);
     bool handleScroll(MouseWheelEvent*) { return false; }
-    Ref<AbstractUIContainer> getParent() const { return parent; }
+    Ref<UIWidget> getParent() const { return parent; }
     Ref<UIRenderer> getRenderer() const { return renderer; }
     void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
     void update(int mouseX, int mouseY, bool isMouseLeftPressed);
@@ -78,12 +80,24 @@ struct UIWidget : Object {
 protected:
     // Drawing needs a renderer; raises EngineException without one.
     void requireRenderer();
+    // How every widget begins to draw: what it draws on, or nothing if it is not to be seen.
+    std::optional<Canvas> beginRender(const Clip& clip);
+    // A piece of the theme, by the keys on the way to it.
+    template <class... Keys> Ref<> piece(Keys&... keys) const { return item(pieces().raw(), keys...); }
+    // The picture that holds the pieces.
+    Ref<Texture> tileset() const;
     // Lets the engine fire an event; without one nothing happens.
     void fireEvent(const Ref<>& event) const;
+
+private:
+    Ref<> pieces() const;
 };
 
 // Spreads 1 to 4 values over the edges of a box, in the order of the CSS shorthand.
 void assignEdges(const char* method, Args values, int& top, int& right, int& bottom, int& left);
+inline constexpr const char* edgesDoc =
+    "Sets all four edges, in the order of the CSS shorthand: all; top and bottom, left and right; top, left\n"
+    "and right, bottom; or top, right, bottom, left. Raises ValueError for any other count of values.";
 
 void declareUIWidget(Module&);
 

@@ -14,8 +14,6 @@ struct Camera : Object {
         visit(pos);
         visit(dir);
     }
-
-    void init(Vector2& newPos, Vector2& newDir, int newFov, int newPitch, double newRatio);
 };
 
 void declareCamera(Module&);

@@ -69,38 +69,42 @@ void RaycastingRenderer::sortByDistance() {
     Ref<>::steal(PyObject_Call(method.raw(), Ref<>::steal(PyTuple_New(0)).raw(), options.raw()));
 }
 
-void RaycastingRenderer::drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, const Fog& fog) {
+void RaycastingRenderer::measure(PyObject* entity, const View& view) {
+    Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
+    Ref<SpriteComponent> component = componentOf<SpriteComponent>(entity);
+    Ref<RotationComponent> rotation = componentOf<RotationComponent>(entity);
+    Point toCamera = view.pos - position->pos->point();
+    component->dist = length(toCamera);
+    component->angleToCam = angleToCamera(toCamera, rotation ? rotation->dir->point() : Point{1, 0});
+}
+
+void RaycastingRenderer::drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, int& groundFog) {
     Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
     Ref<SpriteComponent> component = componentOf<SpriteComponent>(entity);
     if (!component->sprite || !component->currentAnimation) return;
     double timeStep = engine ? Convert<double>::from(callByName(engine.raw(), "getTimeStep"_name).raw()) : 0.0;
     advance(*component, *component->currentAnimation, timeStep);
 
+    Fog fog = fogOf(*level);
+    if (fog.groundDensity > 0) groundFog = fog.groundAt(component->dist);
     Point place = viewRot(position->pos->point() - view.pos);
     if (!(place.x > 0)) return;  // behind the camera
     double halfHeight = std::trunc(view.scale() / place.x);
     if (halfHeight == 0) raise(PyExc_ZeroDivisionError, "float division");
     if (!canBeDrawn(*component) || !holds(view)) return;
-    SpriteFrame frame = frameOf(*component, fog.at(component->dist), fog.groundAt(component->dist));
-    drawSprite(frame, fog, view, columns, place, halfHeight, target->image());
+    SpriteFrame frame = frameOf(*component, fog.at(component->dist), groundFog);
+    drawSprite(frame, fog, view, rayHits, place, halfHeight, target->mutableImage());
 }
 
 void RaycastingRenderer::renderSprites(int horizon, int width, int height) {
-    unraisable("zelvarine.RaycastingRenderer.renderSprites"_name, [&] {
+    pass("zelvarine.RaycastingRenderer.renderSprites"_name, [&] {
         View view = viewOf(horizon, width, height);
-        Ref<List> members = entities;
-        forEach(members.raw(), [&](PyObject* entity) {
-            Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
-            Ref<SpriteComponent> component = componentOf<SpriteComponent>(entity);
-            Ref<RotationComponent> rotation = componentOf<RotationComponent>(entity);
-            Point toCamera = view.pos - position->pos->point();
-            component->dist = length(toCamera);
-            component->angleToCam = angleToCamera(toCamera, rotation ? rotation->dir->point() : Point{1, 0});
-        });
-        sortByDistance();
-        Fog fog = fogOf(*level);
         Rotation viewRot = viewRotation(view.dir);
-        forEach(members.raw(), [&](PyObject* entity) { drawEntity(entity, view, viewRot, fog); });
+        Ref<List> members = entities;
+        forEach(members.raw(), [&](PyObject* entity) { measure(entity, view); });
+        sortByDistance();
+        int groundFog = 0;  // where there is none, the last one stays
+        forEach(members.raw(), [&](PyObject* entity) { drawEntity(entity, view, viewRot, groundFog); });
     });
 }
 

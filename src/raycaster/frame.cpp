@@ -19,18 +19,13 @@ void RaycastingRenderer::eachRef(RefVisitor& visit) {
 }
 
 void RaycastingRenderer::init(Ref<Texture> newTarget, Ref<Level> newLevel) {
-    auto [width, height] = call<&Texture::getSize>(*newTarget);
-    Ref<Camera> newCamera = make<Camera>();
-    newCamera->init(*makeVector({2.5, 2.5}), *makeVector({0, 1}), 60, 20, 1.6);
-    Columns newColumns;
-    newColumns.hits.resize(static_cast<size_t>(std::max(width, 0)));
-    newColumns.slices.resize(newColumns.hits.size());
-
     initTypes({&typeOf<PositionComponent>, &typeOf<SpriteComponent>});
     target = std::move(newTarget);
     level = std::move(newLevel);
-    camera = std::move(newCamera);
-    columns = std::move(newColumns);
+    camera = make<Camera>(makeVector({2.5, 2.5}), makeVector({0, 1}), 60, 20);
+    Ref<Texture> held = target;
+    int width = std::get<0>(call<&Texture::getSize>(*held));
+    rayHits.assign(static_cast<size_t>(std::clamp(width, 0, held->image().width)), RayHit());  // overrides may lie
     flashlight = {};
 }
 
@@ -55,7 +50,7 @@ void RaycastingRenderer::render() {
 
     // An override may tell any size; what is drawn fits the pixels and the columns that there are.
     Image image = held->image();
-    width = std::clamp(width, 0, std::min(image.width, static_cast<int>(columns.hits.size())));
+    width = std::clamp(width, 0, std::min(image.width, static_cast<int>(rayHits.size())));
     height = std::clamp(height, 0, image.height);
     int horizonRow = static_cast<int>(std::clamp(horizon, -farthestRow, farthestRow));
     renderSky(horizonRow);
@@ -69,12 +64,15 @@ View RaycastingRenderer::viewOf(int horizon, int width, int height) const {
 // A script that runs during a frame may call the constructor again, with a smaller target.
 bool RaycastingRenderer::holds(const View& view) const {
     Image image = target->image();
-    return view.width <= image.width && view.height <= image.height &&
-        static_cast<size_t>(std::max(view.width, 0)) <= columns.hits.size();
+    return view.width <= image.width && view.height <= image.height && view.width <= static_cast<int>(rayHits.size());
+}
+
+static std::optional<uint32_t> pixelOf(const FogColor& color) {
+    return color.isPixel() ? std::optional(color.word()) : std::nullopt;
 }
 
 Fog fogOf(const Level& level) {
-    return {level.fogDensity, level.groundFogDensity, level.fogColor.word(), level.groundFogColor.word()};
+    return {level.fogDensity, level.groundFogDensity, pixelOf(level.fogColor), pixelOf(level.groundFogColor)};
 }
 
 static Scene sceneOf(const Level& level) {
@@ -85,31 +83,37 @@ static Scene sceneOf(const Level& level) {
 }
 
 void RaycastingRenderer::renderSky(int horizon) {
-    unraisable("zelvarine.RaycastingRenderer.renderSky"_name, [&] {
+    pass("zelvarine.RaycastingRenderer.renderSky"_name, [&] {
         Ref<Texture> sky = level->skyTexture, held = target;
         if (!sky) return;
         double degrees = Convert<double>::from(callByName(camera->dir.raw(), "getDegrees"_name).raw());
-        Image image = held->image();
+        MutableImage image = held->mutableImage();
         drawSky(sky->image(), viewOf(horizon, image.width, image.height), degrees, image);
     });
 }
 
 void RaycastingRenderer::renderWalls(int horizon, int width, int height) {
-    unraisable("zelvarine.RaycastingRenderer.renderWalls"_name, [&] {
+    pass("zelvarine.RaycastingRenderer.renderWalls"_name, [&] {
         if (width > 0) {
             View view = viewOf(horizon, width, height);
             if (!holds(view)) return;
             Scene scene = sceneOf(*level);
-            Image image = target->image();
-            traceColumns(scene.grid, view, columns);
-            drawWalls(scene, view, columns, image, 0, width);
-            if (flashlight && !flashlight->image().empty())
-                drawFlashlight(flashlight->image(), view, columns, image, 0, width);
-            drawFloor(scene, view, columns, image, 0, height);
-            drawCeiling(scene, view, columns, image, 0, height);
+            Columns columns = traceColumns(scene.grid, view);
+            // A color that is no pixel ends the pass where it is first needed, and columns come one after the other.
+            int together = scene.fog.isUsable() ? width : 1;
+            for (int x = 0; x < width; x += together) drawColumns(scene, view, columns, x, x + together);
         }
         renderSprites(horizon, width, height);
     });
+}
+
+void RaycastingRenderer::drawColumns(const Scene& scene, const View& view, const Columns& columns, int from, int to) {
+    MutableImage image = target->mutableImage();
+    drawWalls(scene, view, columns, image, from, to);
+    std::copy(columns.hits.begin() + from, columns.hits.begin() + to, rayHits.begin() + from);
+    if (flashlight && !flashlight->image().empty()) drawFlashlight(flashlight->image(), view, columns, image, from, to);
+    drawFloor(scene, view, columns, image, from, to);
+    drawCeiling(scene, view, columns, image, from, to);
 }
 
 void declareRaycastingRenderer(Module& module) {
@@ -128,11 +132,13 @@ void declareRaycastingRenderer(Module& module) {
             "level.")
         .method<&RaycastingRenderer::getEntityAtScreenCoords>("getEntityAtScreenCoords", {{"x"}, {"y"}},
             "The nearest entity of the last frame at a pixel of the target, or None, also when `x` is not on the\n"
-            "screen. Entities count as squares of the unscaled size, transparent parts included.\n@return(Entity or None)")
+            "screen. Entities count as squares of the unscaled size, transparent parts included.\n"
+            "@return(Entity or None)")
         .method<&RaycastingRenderer::getWorldCellByScreenCoords>("getWorldCellByScreenCoords", {{"x"}, {"y"}},
             "What the last frame shows at a pixel of the target, as (face, cellX, cellY): TEXTURE_FLOOR,\n"
-            "TEXTURE_CEILING or the face of a wall, and the cell. None when `x` is not on the screen. Raises\n"
-            "ZeroDivisionError when the camera's ratio is 0.\n@return((int, int, int) or None)")
+            "TEXTURE_CEILING or the face of a wall, and the cell. None when `x` is not on the screen, and on the\n"
+            "horizon of a column without a wall. Raises ZeroDivisionError when the camera's ratio is 0.\n"
+            "@return((int, int, int) or None)")
         .method<&RaycastingRenderer::getWorldPosByScreenCoords>("getWorldPosByScreenCoords", {{"x"}, {"y"}},
             "As getWorldCellByScreenCoords, but on floors and ceilings the coordinates are the exact point.\n"
             "@return((int, float, float), for a wall (int, int, int), or None)")

@@ -31,16 +31,32 @@ protected:
     virtual void renderSky(int horizon);
 
 private:
-    Columns columns;  // of the last frame; the depth buffer of sprites and queries
+    // One per column of the target, of the last frame: the depth buffer of sprites and queries.
+    std::vector<RayHit> rayHits;
 
+    template <class Body> void pass(Name& name, Body&& body);
     View viewOf(int horizon, int width, int height) const;
     bool holds(const View& view) const;
-    void drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, const Fog& fog);
+    bool hasColumn(int x) const;
+    void drawColumns(const Scene& scene, const View& view, const Columns& columns, int from, int to);
+    void measure(PyObject* entity, const View& view);
+    void drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, int& groundFog);
     void sortByDistance();
     Ref<> cellOrPoint(int x, int y, bool cell);
 };
 
 Fog fogOf(const Level& level);
+
+// Runs a pass: what goes wrong in it is reported, and the frame goes on.
+template <class Body> void RaycastingRenderer::pass(Name& name, Body&& body) {
+    unraisable(name, [&] {
+        try {
+            body();
+        } catch (const UnusableFogColor& color) {  // the level's number tells what is wrong with it
+            (color.isGround ? level->groundFogColor : level->fogColor).word();
+        }
+    });
+}
 
 void declareRaycastingRenderer(Module&);
 

@@ -6,16 +6,13 @@
 
 namespace zv {
 
+bool RaycastingRenderer::hasColumn(int x) const { return x >= 0 && x < static_cast<int>(rayHits.size()); }
+
 Ref<Vector2> RaycastingRenderer::castRay(const Vector2& pos, const Vector2& dir) {
     RayHit hit;
     Point ray = dir.point();
     traceGridRay(level->grid(), pos.point(), ray, hit);
     return hit.outOfBounds ? Ref<Vector2>() : makeVector(hit.pos);
-}
-
-static double scaleOf(int height, const Camera& camera) {
-    if (camera.ratio == 0) raise(PyExc_ZeroDivisionError, "float division");
-    return height / camera.ratio;
 }
 
 // The square that stands for an entity: around the projected centre, of the unscaled size, and without the
@@ -29,9 +26,7 @@ static bool squareCovers(Point place, double scale, double horizon, int width, i
 
 Ref<> RaycastingRenderer::getEntityAtScreenCoords(int x, int y) {
     auto [width, height] = call<&Texture::getSize>(*target);
-    if (x < 0 || static_cast<size_t>(x) >= columns.hits.size()) return {};
-    RayHit wall = columns.hits[static_cast<size_t>(x)];
-    double horizon = 0.5 * height + camera->pitch, scale = scaleOf(height, *camera);
+    double horizon = 0.5 * height + camera->pitch, scale = height / camera->ratio;
     Point cameraPos = camera->pos->point();
     Rotation viewRot = viewRotation(camera->dir->point());
     Ref<List> members = entities;
@@ -40,6 +35,8 @@ Ref<> RaycastingRenderer::getEntityAtScreenCoords(int x, int y) {
         componentOf<SpriteComponent>(entity)->dist = length(cameraPos - position->pos->point());
     });
     sortByDistance();
+    if (!hasColumn(x)) return {};
+    RayHit wall = rayHits[static_cast<size_t>(x)];
     Ref<> result;
     forEach(members.raw(), [&, width = width](PyObject* entity) {
         Point place = viewRot(componentOf<PositionComponent>(entity)->pos->point() - cameraPos);
@@ -51,17 +48,20 @@ Ref<> RaycastingRenderer::getEntityAtScreenCoords(int x, int y) {
 
 Ref<> RaycastingRenderer::cellOrPoint(int x, int y, bool cell) {
     int height = std::get<1>(call<&Texture::getSize>(*target));
-    double horizon = 0.5 * height + camera->pitch, scale = scaleOf(height, *camera);
-    if (x < 0 || static_cast<size_t>(x) >= columns.hits.size()) return {};
-    RayHit hit = columns.hits[static_cast<size_t>(x)];
+    double horizon = 0.5 * height + camera->pitch;
+    if (camera->ratio == 0) raise(PyExc_ZeroDivisionError, "float division");
+    double scale = height / camera->ratio;
+    if (!hasColumn(x)) return {};
+    RayHit hit = rayHits[static_cast<size_t>(x)];
     double wallHalf = hit.outOfBounds || hit.dist == 0 ? 0.0 : std::trunc(scale / hit.dist);
-    auto flat = [&](int face, double rows) {
+    auto flat = [&](CellByte plane, double rows) {
         Point p = hit.rayDir * (scale / rows) + camera->pos->point();
+        int face = plane;
         return cell ? toPython(std::tuple(face, truncate(p.x), truncate(p.y))) : toPython(std::tuple(face, p.x, p.y));
     };
     if (y > horizon + wallHalf) return flat(cellFloor, y - horizon);
     if (y < horizon - wallHalf) return flat(cellCeiling, horizon - y);
-    return toPython(std::tuple(hit.face, hit.cellX, hit.cellY));
+    return hit.outOfBounds ? Ref<>() : toPython(std::tuple(hit.face, hit.cellX, hit.cellY));
 }
 
 Ref<> RaycastingRenderer::getWorldCellByScreenCoords(int x, int y) { return cellOrPoint(x, y, true); }

@@ -71,7 +71,7 @@ SDL_Surface* Texture::surface() const {
     return pixels.get();
 }
 
-Image Texture::image() const {
+MutableImage Texture::mutableImage() const {
     SDL_Surface* s = surface();
     return {static_cast<uint32_t*>(s->pixels), s->w, s->h};
 }
@@ -104,7 +104,7 @@ void Texture::saveFile(const char* filename) { IMG_SavePNG(surface(), filename);
 static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
     view->obj = nullptr;
     return guarded(-1, [&] {
-        Image image = native<Texture>(self)->image();
+        MutableImage image = native<Texture>(self)->mutableImage();
         if ((flags & PyBUF_F_CONTIGUOUS) == PyBUF_F_CONTIGUOUS)
             raise(PyExc_BufferError, "the rows of a texture lie one after the other");
         static uint32_t nothing;

@@ -17,7 +17,8 @@ struct Texture : Resource {
     void saveFile(const char* filename);
 
     // The pixels; they stay where they are as long as the texture lives.
-    Image image() const;
+    Image image() const { return mutableImage(); }
+    MutableImage mutableImage() const;
     SDL_Surface* surface() const;
     // Takes over a 32-bit surface; its rows become exactly 4 * w bytes. Once in a texture's life.
     void adopt(SurfaceHandle newSurface);

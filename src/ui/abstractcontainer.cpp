@@ -1,7 +1,5 @@
 #include "ui/abstractcontainer.hpp"
 
-#include "gui/uirenderer.hpp"
-
 namespace zv {
 
 Ref<UIWidget> AbstractUIContainer::childAt(Py_ssize_t i) const {
@@ -18,11 +16,9 @@ void AbstractUIContainer::calculateMinSize() {
     UIWidget::calculateMinSize();
 }
 
-void AbstractUIContainer::calculateMaxSize() { offerRoom({0, 0, 0, 0}); }
-
-void AbstractUIContainer::offerRoom(const Edges& padding) {
+void AbstractUIContainer::calculateMaxSize() {
     UIWidget::calculateMaxSize();
-    SDL_Rect inner = inset(rect(), padding);
+    SDL_Rect inner = inset(rect(), {paddingTop, paddingRight, paddingBottom, paddingLeft});
     innerWidth = inner.w;
     innerHeight = inner.h;
     eachChild([](UIWidget& child) { child.calculateMaxSize(); });
@@ -45,7 +41,6 @@ void AbstractUIContainer::renderChildren(const Clip& clip) {
 }
 
 bool AbstractUIContainer::offerEvent(Name& method, Event* event) {
-    RecursionGuard guard;
     for (Py_ssize_t i = childCount(); i-- > 0;) {
         if (i >= childCount()) continue;  // a handler has emptied the list
         if (Convert<bool>::from(callByName(childAt(i).raw(), method, event).raw())) return true;
@@ -60,18 +55,9 @@ Ref<> AbstractUIContainer::handleScroll(MouseWheelEvent* event) {
 }
 
 void AbstractUIContainer::appendChild(const Ref<UIWidget>& child) {
-    Ref<List> list = children;
-    checked(PyList_Append(list.raw(), child.orNone()));
-    try {
-        callByName(child.raw(), "_setParent"_name, *this);
-    } catch (...) {
-        for (Py_ssize_t i = PyList_GET_SIZE(list.raw()); i-- > 0;)
-            if (PyList_GET_ITEM(list.raw(), i) == child.orNone()) {
-                PyList_SetSlice(list.raw(), i, i + 1, nullptr);
-                break;
-            }
-        throw;
-    }
+    if (!child) raise(PyExc_AttributeError, "a child must be a UIWidget, not None");
+    append(children.orNone(), child);
+    callByName(child.raw(), "_setParent"_name, *this);
 }
 
 void AbstractUIContainer::removeChild(PyObject* child) {

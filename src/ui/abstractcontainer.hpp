@@ -1,6 +1,5 @@
 // The base of all widgets that hold others: passes layout, update, drawing and clicks on to them.
 #pragma once
-#include "gui/geometry.hpp"
 #include "gui/uiwidget.hpp"
 
 namespace zv {
@@ -8,6 +7,8 @@ namespace zv {
 struct AbstractUIContainer : UIWidget {
     Ref<List> children = Ref<List>::steal(PyList_New(0));  // in drawing order; the last is on top
     int innerWidth = 0, innerHeight = 0;                   // the room that a child may take
+    // Room between the edges and the children. It is 0 but where a class offers it to scripts: see declarePadding().
+    int paddingLeft = 0, paddingTop = 0, paddingRight = 0, paddingBottom = 0;
 
     void eachRef(RefVisitor& visit) override {
         UIWidget::eachRef(visit);
@@ -18,6 +19,7 @@ struct AbstractUIContainer : UIWidget {
     void calculateMinSize() override;
     void calculateMaxSize() override;
     void calculatePos() override;
+    SDL_Point innerSize() const override { return {innerWidth, innerHeight}; }
 
     Ref<> getChildren() const { return Ref<>::borrow(children.raw()); }
     void removeChild(PyObject* child);
@@ -28,12 +30,13 @@ struct AbstractUIContainer : UIWidget {
     void update(int mouseX, int mouseY, bool isMouseLeftPressed);
     bool handleClick(MouseClickEvent* event);
     Ref<> handleScroll(MouseWheelEvent* event);
+    void setPadding(Args values) {
+        assignEdges("setPadding", values, paddingTop, paddingRight, paddingBottom, paddingLeft);
+    }
 
 protected:
-    // Appends a child and tells it; one that refuses does not stay in the list.
+    // Appends a child, then tells it. One that refuses is in the list by then, and stays.
     void appendChild(const Ref<UIWidget>& child);
-    // Sets the room for the children from the container's own size, and lets them fill it.
-    void offerRoom(const Edges& padding);
     void renderChildren(const Clip& clip);
 
     Py_ssize_t childCount() const { return children ? PyList_GET_SIZE(children.raw()) : 0; }
@@ -53,5 +56,16 @@ private:
 };
 
 void declareAbstractUIContainer(Module&);
+
+// Adds the padding to the declaration of a class, as attributes and setPadding().
+template <class C> C& declarePadding(C& container) {
+    using T = AbstractUIContainer;
+    return container.template method<&T::setPadding>("setPadding", {}, edgesDoc)
+        .template property<&T::paddingLeft>("paddingLeft", "room between the left edge and the content, in pixels")
+        .template property<&T::paddingTop>("paddingTop", "room between the top edge and the content, in pixels")
+        .template property<&T::paddingRight>("paddingRight", "room between the content and the right edge, in pixels")
+        .template property<&T::paddingBottom>(
+            "paddingBottom", "room between the content and the bottom edge, in pixels");
+}
 
 }  // namespace zv

@@ -1,35 +1,23 @@
 #include "ui/anchoredcontainer.hpp"
 
-namespace zv {
+#include "core/numbers.hpp"
+#include "ui/axis.hpp"
 
-void UIAnchorWrapper::init(Ref<UIWidget> newChild, int newX, int newY, int newAnchorTypeX, int newAnchorTypeY) {
-    child = std::move(newChild);
-    x = newX;
-    y = newY;
-    anchorTypeX = newAnchorTypeX;
-    anchorTypeY = newAnchorTypeY;
-}
+namespace zv {
 
 void UIAnchoredContainer::init() { sizePolicyX = sizePolicyY = SIZE_GROW; }
 
 void UIAnchoredContainer::addChild(Ref<UIWidget> child, int anchorX, int anchorY, int anchorTypeX, int anchorTypeY) {
     if (contains(children.raw(), child.orNone())) return;
-    Ref<UIAnchorWrapper> anchor = make<UIAnchorWrapper>();
-    anchor->init(child, anchorX, anchorY, anchorTypeX, anchorTypeY);
-    anchors.push_back(anchor);
-    try {
-        appendChild(child);
-    } catch (...) {
-        std::erase_if(anchors, [&](const auto& other) { return other.raw() == anchor.raw(); });
-        throw;
-    }
+    if (child) anchors.push_back(make<UIAnchorWrapper>(child, anchorX, anchorY, anchorTypeX, anchorTypeY));
+    appendChild(child);
 }
 
 void UIAnchoredContainer::removeChild(Ref<UIWidget> child) {
     for (size_t i = 0; i < anchors.size(); i++) {  // comparing may run a script that changes the list
         Ref<UIAnchorWrapper> anchor = anchors[i];
         Ref<UIWidget> anchored = anchor->child;
-        if (!checked(PyObject_RichCompareBool(anchored.orNone(), child.orNone(), Py_EQ))) continue;
+        if (!equal(anchored.raw(), child.raw())) continue;
         std::erase_if(anchors, [&](const auto& other) { return other.raw() == anchor.raw(); });
         break;
     }
@@ -42,25 +30,27 @@ void UIAnchoredContainer::removeAllChildren() {
     AbstractUIContainer::removeAllChildren();
 }
 
-// The edge of a child along one axis; `lead` and `trail` are its margins.
-static int place(int anchor, int farEdge, int start, int room, int distance, int lead, int trail, int size) {
-    if (anchor == farEdge) return saturate(int64_t{start} + room - distance - trail - size);
-    if (anchor == ANCHOR_CENTER) return saturate(start + truncated(room * 0.5 + lead + distance - trail - size * 0.5));
-    return saturate(int64_t{start} + distance + lead);
+// Where a child stands along an axis, from the near edge of the container.
+static int64_t place(const Axis& axis, int room, const UIWidget& child, int distance, int anchor, int farEdge) {
+    int before = child.*axis.marginBefore, after = child.*axis.marginAfter, size = child.*axis.size;
+    if (anchor == farEdge) return int64_t{room} - distance - after - size;
+    if (anchor == ANCHOR_CENTER) return truncate(room * 0.5 + before + distance - after - size * 0.5);
+    return int64_t{distance} + before;
 }
 
 void UIAnchoredContainer::calculatePos() {
     for (const auto& a : anchors) {
         UIWidget& c = *a->child;
-        c.x = place(a->anchorTypeX, ANCHOR_RIGHT, x, width, a->x, c.marginLeft, c.marginRight, c.width);
-        c.y = place(a->anchorTypeY, ANCHOR_BOTTOM, y, height, a->y, c.marginTop, c.marginBottom, c.height);
+        c.x = saturate(x + place(Axis::horizontal, width, c, a->x, a->anchorTypeX, ANCHOR_RIGHT));
+        c.y = saturate(y + place(Axis::vertical, height, c, a->y, a->anchorTypeY, ANCHOR_BOTTOM));
     }
     AbstractUIContainer::calculatePos();
 }
 
 void declareUIAnchoredContainer(Module& module) {
     Class<UIAnchorWrapper>("zelvarine._UIAnchorWrapper", "Where a child of a UIAnchoredContainer is anchored.")
-        .init<&UIAnchorWrapper::init>({{"child"}, {"x"}, {"y"}, {"anchorTypeX"}, {"anchorTypeY"}})
+        .init<&UIAnchorWrapper::child, &UIAnchorWrapper::x, &UIAnchorWrapper::y, &UIAnchorWrapper::anchorTypeX,
+            &UIAnchorWrapper::anchorTypeY>({{"child"}, {"x"}, {"y"}, {"anchorTypeX"}, {"anchorTypeY"}})
         .addTo(module.raw());
     Class<UIAnchoredContainer, AbstractUIContainer>("zelvarine.UIAnchoredContainer",
         "A UIAnchoredContainer places each child by its distance from an edge, or from the centre, of the\n"

@@ -13,7 +13,6 @@ struct UIAnchorWrapper : Object {
     int anchorTypeX = ANCHOR_LEFT, anchorTypeY = ANCHOR_TOP;
 
     void eachRef(RefVisitor& visit) override { visit(child); }
-    void init(Ref<UIWidget> newChild, int newX, int newY, int newAnchorTypeX, int newAnchorTypeY);
 };
 
 struct UIAnchoredContainer : AbstractUIContainer {

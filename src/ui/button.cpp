@@ -1,14 +1,9 @@
 #include "ui/button.hpp"
 
-#include "gui/uirenderer.hpp"
 #include "ui/pieces.hpp"
+#include "ui/threeslice.hpp"
 
 namespace zv {
-
-void ButtonClickEvent::init(Ref<UIButton> newTarget, int newX, int newY, int newButton) {
-    MouseClickEvent::init(newX, newY, newButton);
-    target = std::move(newTarget);
-}
 
 void UIButton::init(PyObject* text) {
     Ref<UIText> newLabel = make<UIText>();
@@ -28,36 +23,33 @@ void UIButton::setTextByName(PyObject* text) { callByName(self(), "setText"_name
 // The label is centred by the sizes of the frame before.
 void UIButton::calculateMinSize() {
     if (!renderer) return;
-    Ref<> normal = item(renderer->pieces().raw(), "button"_name, "normal"_name);
-    int faceHeight = numberIn(normal, "height"_name), minHeight = 0;
-    int64_t sides = int64_t{numberIn(normal, "left"_name)} + numberIn(normal, "right"_name);
+    Ref<> normal = piece("button"_name, "normal"_name);
+    int minHeight = 0;
     if (label) {
-        minHeight = std::max(faceHeight, label->height);
+        minHeight = std::max(numberIn(normal, "height"_name), label->height);
         paddingTop = saturate((int64_t{height} - label->height) / 2);
     }
+    int64_t sides = int64_t{numberIn(normal, "left"_name)} + numberIn(normal, "right"_name);
     UIListContainer::calculateMinSize();
     if (sizePolicyX != SIZE_FIXED) width = saturate(width + sides);
     if (sizePolicyY != SIZE_FIXED) height = minHeight;
 }
 
 void UIButton::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    if (!isVisible) return;
-    SDL_Rect clip = getClippedRect({clipX, clipY, clipWidth, clipHeight});
-    if (clip.w < 1 || clip.h < 1) return;
-    requireRenderer();
-    Ref<UIRenderer> held = renderer;
-    ThreeSlice face =
-        horizontalSliceIn(item(held->pieces().raw(), "button"_name, hovered() ? "hover"_name : "normal"_name));
-    blitThreeSlice(held->tileset(), face, held->canvas(clip), x, y, width);
+    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+    if (!canvas) return;
+    canvas->cut();
+    Ref<> face = piece("button"_name, hovered() ? "hover"_name : "normal"_name);
+    blitThreeSlice(*canvas, tileset(), face, Axis::horizontal, *this);
     renderChildren({clipX, clipY, clipWidth, clipHeight});
+    canvas->uncut();
 }
 
 bool UIButton::handleClick(MouseClickEvent* event) {
     AbstractUIContainer::handleClick(event);  // the label's answer does not count
     if (!event) raise(PyExc_AttributeError, "a click needs a MouseClickEvent, not None");
     if (!isEnabled || !isUnder(event->x, event->y)) return false;
-    Ref<ButtonClickEvent> click = make<ButtonClickEvent>();
-    click->init(Ref<UIButton>::to(*this), event->x, event->y, event->button);
+    Ref<ButtonClickEvent> click = make<ButtonClickEvent>(*this, event->x, event->y, event->button);
     Ref<> handler = getAttribute(self(), "onClick"_name);
     if (handler.raw() != Py_None) callFunction(handler.raw(), click);
     fireEvent(toPython(click));
@@ -79,7 +71,8 @@ void declareUIButton(Module& module) {
             "text", "text of the label; the same as getText and setText")
         .addTo(module.raw());
     Class<ButtonClickEvent, MouseClickEvent>("zelvarine.ButtonClickEvent", "A UIButton was clicked.")
-        .init<&ButtonClickEvent::init>({{"target"}, {"x"}, {"y"}, {"mouseButton"}})
+        .init<&ButtonClickEvent::target, &MouseClickEvent::x, &MouseClickEvent::y, &MouseClickEvent::button>(
+            {{"target"}, {"x"}, {"y"}, {"mouseButton"}})
         .readonly<&ButtonClickEvent::target>("target", "the UIButton")
         .addTo(module.raw());
 }

@@ -31,7 +31,6 @@ struct ButtonClickEvent : MouseClickEvent {
         MouseClickEvent::eachRef(visit);
         visit(target);
     }
-    void init(Ref<UIButton> newTarget, int newX, int newY, int newButton);
 };
 
 void declareUIButton(Module&);

@@ -16,14 +16,14 @@ struct UIImage : UIWidget {
 
     void init(Ref<Texture> newTexture, PyObject* newWidth, PyObject* newHeight);
     Ref<Texture> getTexture() const { return texture; }
-    void setTexture(Ref<Texture> newTexture) { show(std::move(newTexture), Py_None, Py_None); }
+    void setTexture(Ref<Texture> newTexture);
     int getAlpha() const { return alpha; }
     void setAlpha(int newAlpha);
     void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
 
 private:
-    // A size of None is that of the texture.
-    void show(Ref<Texture> newTexture, PyObject* newWidth, PyObject* newHeight);
+    // The given size; None is that of the texture.
+    void setSize(PyObject* newWidth, PyObject* newHeight);
 };
 
 void declareUIImage(Module&);

@@ -1,8 +1,7 @@
 // A picture of three by three pieces that fills a rectangle of any size: the corners keep their
 // size, the edges stretch in one direction, the centre in both.
 #pragma once
-#include "gui/geometry.hpp"
-#include "sdl/blit.hpp"
+#include "gui/canvas.hpp"
 
 #include <array>
 
@@ -14,12 +13,9 @@ struct NinePatch {
     std::array<int, 3> rows;     // heights
 };
 
-struct NinePatchCell {
-    SDL_Rect source, place;
-};
-
-// The nine cells row by row. A rectangle smaller than the corners makes them overlap.
-inline std::array<NinePatchCell, 9> ninePatchCells(const NinePatch& patch, const SDL_Rect& rect) {
+// Draws the nine cells row by row. A rectangle smaller than the corners makes them overlap.
+inline void blitNinePatch(
+    const Canvas& canvas, const Ref<Texture>& tileset, const NinePatch& patch, const SDL_Rect& rect) {
     struct Piece {
         int source, sourceLength, place, length;
     };
@@ -31,17 +27,15 @@ inline std::array<NinePatchCell, 9> ninePatchCells(const NinePatch& patch, const
             {saturate(source + first + middle), lengths[2], saturate(place + first + stretched), lengths[2]},
         }};
     };
-    auto across = split(patch.x, patch.columns, rect.x, rect.w), down = split(patch.y, patch.rows, rect.y, rect.h);
-    std::array<NinePatchCell, 9> cells;
-    for (size_t i = 0; i < cells.size(); i++) {
-        const Piece &h = across[i % 3], &v = down[i / 3];
-        cells[i] = {{h.source, v.source, h.sourceLength, v.sourceLength}, {h.place, v.place, h.length, v.length}};
-    }
-    return cells;
-}
-
-inline void blitNinePatch(SDL_Surface* source, const NinePatch& patch, const Canvas& canvas, const SDL_Rect& rect) {
-    for (const NinePatchCell& cell : ninePatchCells(patch, rect)) blitScaled(source, cell.source, canvas, cell.place);
+    auto columns = split(patch.x, patch.columns, rect.x, rect.w), rows = split(patch.y, patch.rows, rect.y, rect.h);
+    for (const Piece& down : rows)
+        for (const Piece& across : columns) {
+            SDL_Rect source{across.source, down.source, across.sourceLength, down.sourceLength};
+            SDL_Rect place{across.place, down.place, across.length, down.length};
+            bool isCorner = &across != &columns[1] && &down != &rows[1];
+            if (isCorner) canvas.blit(tileset, source, place.x, place.y);
+            else canvas.blitScaled(tileset, source, place);
+        }
 }
 
 }  // namespace zv

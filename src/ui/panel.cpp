@@ -1,6 +1,5 @@
 #include "ui/panel.hpp"
 
-#include "gui/uirenderer.hpp"
 #include "ui/pieces.hpp"
 
 namespace zv {
@@ -8,14 +7,13 @@ namespace zv {
 void UIPanel::init() { paddingLeft = paddingTop = paddingRight = paddingBottom = 8; }
 
 void UIPanel::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    if (!isVisible) return;
-    SDL_Rect clip = getClippedRect({clipX, clipY, clipWidth, clipHeight});
-    if (clip.w <= 0 || clip.h <= 0) return;
-    requireRenderer();
-    Ref<UIRenderer> held = renderer;
-    NinePatch background = ninePatchIn(item(held->pieces().raw(), "panel"_name));
-    blitNinePatch(held->tileset(), background, held->canvas(clip), rect());
-    renderChildren({});  // a clip ends at the background
+    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+    if (!canvas) return;
+    canvas->cut();
+    NinePatch background = ninePatchIn(piece("panel"_name));
+    blitNinePatch(*canvas, tileset(), background, rect());
+    renderChildren({});  // they are handed no clip: that of the panel ends here
+    canvas->uncut();
 }
 
 bool UIPanel::handleClick(MouseClickEvent* event) {

@@ -19,19 +19,4 @@ NinePatch ninePatchIn(const Ref<>& table) {
             numberIn(table, "bottomHeight"_name)}};
 }
 
-static ThreeSlice checkedBar(const ThreeSlice& bar) {
-    if (bar.middle == 0) raise(PyExc_ZeroDivisionError, "float division");
-    return bar;
-}
-
-ThreeSlice horizontalSliceIn(const Ref<>& table) {
-    return checkedBar({numberIn(table, "x"_name), numberIn(table, "y"_name), numberIn(table, "left"_name),
-        numberIn(table, "middle"_name), numberIn(table, "right"_name), numberIn(table, "height"_name), false});
-}
-
-ThreeSlice verticalSliceIn(const Ref<>& table) {
-    return checkedBar({numberIn(table, "x"_name), numberIn(table, "y"_name), numberIn(table, "top"_name),
-        numberIn(table, "middle"_name), numberIn(table, "bottom"_name), numberIn(table, "width"_name), true});
-}
-
 }  // namespace zv

@@ -2,7 +2,6 @@
 #pragma once
 #include "binding/items.hpp"
 #include "ui/ninepatch.hpp"
-#include "ui/threeslice.hpp"
 
 namespace zv {
 
@@ -11,8 +10,5 @@ inline int numberIn(const Ref<>& table, Name& key) { return Convert<int>::from(i
 SDL_Rect rectIn(const Ref<>& table);
 Edges edgesIn(const Ref<>& table);
 NinePatch ninePatchIn(const Ref<>& table);
-// Raises ZeroDivisionError for a middle piece of length 0, which no number of tiles would fill a bar.
-ThreeSlice horizontalSliceIn(const Ref<>& table);
-ThreeSlice verticalSliceIn(const Ref<>& table);
 
 }  // namespace zv

@@ -10,7 +10,7 @@ void UIScrollPanel::init(Ref<UIWidget> newContent) {
     scrollPosX = 0;
     sizePolicyX = sizePolicyY = SIZE_FIXED;
     Ref<UISlider> newSlider = make<UISlider>();
-    newSlider->init(0, 0, 100, SLIDER_ORIENTATION_VERTICAL);
+    newSlider->orientation = SLIDER_ORIENTATION_VERTICAL;
     newSlider->setRenderer(renderer);
     slider = std::move(newSlider);
 }
@@ -23,15 +23,8 @@ Ref<> UIScrollPanel::getContent() const {
 Ref<UIWidget> UIScrollPanel::content() const { return Ref<UIWidget>::to(Convert<UIWidget&>::from(getContent().raw())); }
 
 void UIScrollPanel::setContent(Ref<UIWidget> newContent) {
-    Ref<List> list = children;
-    Ref<> before = Ref<>::steal(PySequence_List(list.orNone()));
     removeAllChildren();
-    try {
-        appendChild(newContent);
-    } catch (...) {
-        PyList_SetSlice(list.raw(), 0, PY_SSIZE_T_MAX, before.raw());
-        throw;
-    }
+    appendChild(newContent);
 }
 
 void UIScrollPanel::setScrollPosX(int position) { scrollPosX = std::clamp(position, 0, maxScrollX); }
@@ -73,7 +66,7 @@ void UIScrollPanel::calculatePos() {
 
 void UIScrollPanel::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
     AbstractUIContainer::update(mouseX, mouseY, isMouseLeftPressed);
-    Edges margin = edgesIn(item(renderer->pieces().raw(), "scrollPanel"_name, "sliderMargin"_name));
+    Edges margin = edgesIn(piece("scrollPanel"_name, "sliderMargin"_name));
     Ref<UISlider> held = slider;
     UISlider& bar = *held;
     bar.height = saturate(int64_t{height} - margin.top - margin.bottom);
@@ -87,12 +80,10 @@ void UIScrollPanel::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
 void UIScrollPanel::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
     if (!isVisible || !renderer) return;
     SDL_Rect outer = getClippedRect({clipX, clipY, clipWidth, clipHeight});
-    Ref<UIRenderer> held = renderer;
-    Ref<> pieces = held->pieces();
-    SDL_Rect inner = inset(outer, edgesIn(item(pieces.raw(), "scrollPanel"_name, "clipPadding"_name)));
-    if (inner.w <= 0 || inner.h <= 0) return;
-    NinePatch background = ninePatchIn(item(pieces.raw(), "panel"_name));
-    blitNinePatch(held->tileset(), background, held->canvas(), rect());
+    SDL_Rect inner = inset(outer, edgesIn(piece("scrollPanel"_name, "clipPadding"_name)));
+    if (isEmpty(inner)) return;
+    NinePatch background = ninePatchIn(piece("panel"_name));
+    blitNinePatch(Canvas(renderer->target, outer), tileset(), background, rect());
     renderChildren(Clip::of(inner));
     Clip bar = Clip::of(outer);
     Ref<UISlider>(slider)->render(bar.x, bar.y, bar.width, bar.height);
@@ -114,35 +105,29 @@ bool UIScrollPanel::handleScroll(MouseWheelEvent* event) {
 }
 
 void declareUIScrollPanel(Module& module) {
-    Class<UIScrollPanel, AbstractUIContainer>("zelvarine.UIScrollPanel",
+    Class<UIScrollPanel, AbstractUIContainer> panel("zelvarine.UIScrollPanel",
         "A UIScrollPanel shows one content widget through a viewport of fixed size, `width` by `height`. A\n"
-        "scroll bar and the mouse wheel move the content up and down.")
-        .init<&UIScrollPanel::init>({{"content", Required{}, "UIWidget"}})
+        "scroll bar and the mouse wheel move the content up and down.");
+    panel.init<&UIScrollPanel::init>({{"content", Required{}, "UIWidget"}})
         .property<&UIScrollPanel::getContent, &UIScrollPanel::setContent>(
             "content", "the widget that is shown; assigning one replaces it")
-        .method<&UIScrollPanel::setPadding>("setPadding", {},
-            "Sets the padding in the order of the CSS shorthand: all; top and bottom, left and right; top, left\n"
-            "and right, bottom; or top, right, bottom, left. Raises ValueError for any other count of values.")
         .method<&UIScrollPanel::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
             "Updates the content and the scroll bar, and scrolls to where the bar is.")
         .method<&UIScrollPanel::render>("render", clipParams, "Renders the content widget.")
         .method<&UIScrollPanel::handleClick>("_onClick", {{"event"}},
             "Offers a click to the scroll bar, then to the content.\n@return(bool) whether one of them took it")
         .method<&UIScrollPanel::handleScroll>("_onScroll", {{"event"}},
-            "Offers a step of the mouse wheel to the content; if it does not take it, an enabled panel under the mouse\n"
-            "scrolls by `wheelScrollPixels`.\n@return(bool) whether the content took the step or the panel scrolled")
+            "Offers a step of the mouse wheel to the content; if it does not take it, an enabled panel under the\n"
+            "mouse scrolls by `wheelScrollPixels`.\n"
+            "@return(bool) whether the content took the step or the panel scrolled")
         .property<&UIScrollPanel::getScrollPosX, &UIScrollPanel::setScrollPosX>("scrollPosX",
             "how far the content is moved to the left, in pixels; clamped to what the content is wider than the panel")
         .property<&UIScrollPanel::getScrollPosY, &UIScrollPanel::setScrollPosY>("scrollPosY",
-            "how far the content is moved up, in pixels; what is written moves the scroll bar, and shows after the next\n"
-            "update")
-        .property<&UIScrollPanel::paddingLeft>("paddingLeft", "room to the left of the content, in pixels")
-        .property<&UIScrollPanel::paddingTop>("paddingTop", "room above the content, in pixels")
-        .property<&UIScrollPanel::paddingRight>("paddingRight", "room to the right of the content, in pixels")
-        .property<&UIScrollPanel::paddingBottom>("paddingBottom", "room below the content, in pixels")
+            "how far the content is moved up, in pixels; what is written moves the scroll bar, and shows after the\n"
+            "next update")
         .property<&UIScrollPanel::wheelScrollPixels>(
-            "wheelScrollPixels", "pixels that one step of the mouse wheel scrolls")
-        .addTo(module.raw());
+            "wheelScrollPixels", "pixels that one step of the mouse wheel scrolls");
+    declarePadding(panel).addTo(module.raw());
 }
 
 }  // namespace zv

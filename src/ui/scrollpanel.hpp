@@ -8,7 +8,6 @@ namespace zv {
 struct UIScrollPanel : AbstractUIContainer {
     int scrollPosX = 0, scrollPosY = 0;  // how far the content is moved, in pixels
     int maxScrollX = 0, maxScrollY = 0;
-    int paddingLeft = 10, paddingTop = 10, paddingRight = 10, paddingBottom = 10;
     int wheelScrollPixels = 50;
     Ref<UISlider> slider;  // no child: the panel drives it at each stage
 
@@ -22,6 +21,7 @@ struct UIScrollPanel : AbstractUIContainer {
     void calculateMaxSize() override;
     void calculatePos() override;
 
+    UIScrollPanel() { paddingLeft = paddingTop = paddingRight = paddingBottom = 10; }
     void init(Ref<UIWidget> newContent);
     Ref<> getContent() const;
     void setContent(Ref<UIWidget> newContent);
@@ -29,9 +29,6 @@ struct UIScrollPanel : AbstractUIContainer {
     void setScrollPosX(int position);
     int getScrollPosY() const { return scrollPosY; }
     void setScrollPosY(int position);
-    void setPadding(Args values) {
-        assignEdges("setPadding", values, paddingTop, paddingRight, paddingBottom, paddingLeft);
-    }
     void update(int mouseX, int mouseY, bool isMouseLeftPressed);
     void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
     bool handleClick(MouseClickEvent* event);

@@ -1,23 +1,25 @@
 #include "ui/slider.hpp"
 
+#include "core/numbers.hpp"
 #include "gui/uirenderer.hpp"
+#include "ui/axis.hpp"
 #include "ui/pieces.hpp"
+#include "ui/threeslice.hpp"
+
+#include <cmath>
 
 namespace zv {
 
-void SliderValueChangedEvent::init(Ref<UISlider> newTarget, int before, int after) {
-    Event::init();
-    target = std::move(newTarget);
-    oldValue = before;
-    newValue = after;
+const Axis& UISlider::axis() const {
+    return orientation == SLIDER_ORIENTATION_HORIZONTAL ? Axis::horizontal : Axis::vertical;
 }
 
-void UISlider::init(int newValue, int newMinValue, int newMaxValue, int newOrientation) {
-    value = newValue;
-    minValue = newMinValue;
-    maxValue = newMaxValue;
-    orientation = newOrientation;
-    firstButtonHovered = secondButtonHovered = isDragged = false;
+const UISlider::Names& UISlider::names() const {
+    static const Names horizontal{
+        "horizontalBackground"_name, "leftButton"_name, "rightButton"_name, "horizontalButton"_name};
+    static const Names vertical{
+        "verticalBackground"_name, "topButton"_name, "bottomButton"_name, "verticalButton"_name};
+    return axis().of<const Names&>(horizontal, vertical);
 }
 
 int UISlider::valueByName() const { return Convert<int>::from(getAttribute(self(), "value"_name).raw()); }
@@ -28,9 +30,7 @@ void UISlider::setValue(int newValue) {
     if (!renderer || !renderer->engine) return;
     int changed = valueByName();
     if (changed == oldValue) return;
-    Ref<SliderValueChangedEvent> event = make<SliderValueChangedEvent>();
-    event->init(Ref<UISlider>::to(*this), oldValue, changed);
-    fireEvent(toPython(event));
+    fireEvent(toPython(make<SliderValueChangedEvent>(*this, oldValue, changed)));
 }
 
 float UISlider::getPercent() {
@@ -44,7 +44,7 @@ float UISlider::getPercent() {
 
 void UISlider::setPercent(float percent) {
     float offset = percent * static_cast<float>(int64_t{maxValue} - minValue);
-    setAttribute(self(), "value"_name, toPython(saturate(truncated(static_cast<double>(offset)) + minValue)).raw());
+    setAttribute(self(), "value"_name, toPython(saturate(int64_t{truncate(offset)} + minValue)).raw());
 }
 
 void UISlider::writePercent(double percent) {
@@ -52,33 +52,25 @@ void UISlider::writePercent(double percent) {
     setPercent(static_cast<float>(percent));
 }
 
-Ref<> UISlider::normalPiece(Name& horizontal, Name& vertical) const {
-    return item(renderer->pieces().raw(), "slider"_name, isHorizontal() ? horizontal : vertical, "normal"_name);
-}
-
 UISlider::Track UISlider::track() {
     // Both step buttons count with their width, also in a vertical slider.
-    int first = numberIn(normalPiece("leftButton"_name, "topButton"_name), "width"_name);
-    int second = numberIn(normalPiece("rightButton"_name, "bottomButton"_name), "width"_name);
-    int knob = numberIn(
-        normalPiece("horizontalButton"_name, "verticalButton"_name), isHorizontal() ? "width"_name : "height"_name);
-    return {first, int64_t{isHorizontal() ? width : height} - first - second - knob, knob};
+    int first = numberIn(normalPiece(names().firstButton), "width"_name);
+    int second = numberIn(normalPiece(names().secondButton), "width"_name);
+    int knob = numberIn(normalPiece(names().knob), axis().lengthName);
+    return {first, int64_t{this->*axis().size} - first - second - knob, knob};
 }
 
 void UISlider::calculateMinSize() {
     if (!renderer) return;
-    Ref<> bar = item(renderer->pieces().raw(), "slider"_name,
-        isHorizontal() ? "horizontalBackground"_name : "verticalBackground"_name);
-    Name &along = isHorizontal() ? "width"_name : "height"_name,
-         &across = isHorizontal() ? "height"_name : "width"_name;
-    int64_t length = 2 * int64_t{numberIn(normalPiece("horizontalButton"_name, "verticalButton"_name), along)} +
-        numberIn(bar, isHorizontal() ? "left"_name : "top"_name) +
-        numberIn(bar, isHorizontal() ? "right"_name : "bottom"_name) +
-        numberIn(normalPiece("leftButton"_name, "topButton"_name), along) +
-        numberIn(normalPiece("rightButton"_name, "bottomButton"_name), along);
-    int thickness = numberIn(bar, across);
-    if (sizePolicyX != SIZE_FIXED) width = isHorizontal() ? saturate(length) : thickness;
-    if (sizePolicyY != SIZE_FIXED) height = isHorizontal() ? thickness : saturate(length);
+    const Axis &along = axis(), &across = along.other();
+    Ref<> background = piece("slider"_name, names().background);
+    if (this->*along.sizePolicy != SIZE_FIXED) {
+        auto lengthOf = [&](Name& name) { return int64_t{numberIn(normalPiece(name), along.lengthName)}; };
+        int64_t caps = int64_t{numberIn(background, along.firstName)} + numberIn(background, along.lastName);
+        this->*along.size = saturate(
+            caps + 2 * lengthOf(names().knob) + lengthOf(names().firstButton) + lengthOf(names().secondButton));
+    }
+    if (this->*across.sizePolicy != SIZE_FIXED) this->*across.size = numberIn(background, across.lengthName);
 }
 
 void UISlider::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
@@ -87,14 +79,14 @@ void UISlider::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
         firstButtonHovered = secondButtonHovered = false;
         return;
     }
-    auto inside = [&](const Ref<>& piece, bool atEnd) {
-        int w = numberIn(piece, "width"_name), h = numberIn(piece, "height"_name);
-        int left = atEnd && isHorizontal() ? saturate(int64_t{x} + width - w) : x;
-        int top = atEnd && !isHorizontal() ? saturate(int64_t{y} + height - h) : y;
-        return call<&UIWidget::pointInRect>(*this, mouseX, mouseY, left, top, w, h);
+    Ref<> first = normalPiece(names().firstButton), second = normalPiece(names().secondButton);
+    auto isOver = [&](const Ref<>& button, bool atEnd) {
+        SDL_Rect r{x, y, numberIn(button, "width"_name), numberIn(button, "height"_name)};
+        if (atEnd) r.*axis().start = saturate(axis().end(*this) - r.*axis().length);
+        return call<&UIWidget::pointInRect>(*this, mouseX, mouseY, r.x, r.y, r.w, r.h);
     };
-    firstButtonHovered = inside(normalPiece("leftButton"_name, "topButton"_name), false);
-    secondButtonHovered = inside(normalPiece("rightButton"_name, "bottomButton"_name), true);
+    firstButtonHovered = isOver(first, false);
+    secondButtonHovered = isOver(second, true);
 }
 
 void UISlider::step(int by) {
@@ -110,64 +102,62 @@ bool UISlider::handleClick(MouseClickEvent* event) {
 
 void UISlider::onDragStart(int mouseX, int mouseY) {
     Track t = track();
-    int64_t offset = t.first + truncated(static_cast<double>(getPercent()) * static_cast<double>(t.length));
-    bool hit = isHorizontal()
-        ? call<&UIWidget::pointInRect>(*this, mouseX, mouseY, saturate(x + offset), y, t.knob, height)
-        : call<&UIWidget::pointInRect>(*this, mouseX, mouseY, x, saturate(y + offset), width, t.knob);
-    if (hit) isDragged = true;
+    SDL_Rect knob = rect();
+    int64_t moved = truncate(static_cast<double>(getPercent()) * static_cast<double>(t.length));
+    knob.*axis().start = saturate(knob.*axis().start + t.first + moved);
+    knob.*axis().length = t.knob;
+    if (call<&UIWidget::pointInRect>(*this, mouseX, mouseY, knob.x, knob.y, knob.w, knob.h)) isDragged = true;
 }
 
 // The knob's centre follows the mouse, wherever it was grabbed.
 void UISlider::onDrag(int mouseX, int mouseY, int, int) {
     if (!isDragged) return;
     Track t = track();
-    int64_t fromStart = isHorizontal() ? int64_t{mouseX} - t.first - x : int64_t{mouseY} - t.first - y;
     if (t.length == 0) raise(PyExc_ZeroDivisionError, "float division");
-    double knobStart = static_cast<double>(fromStart) - static_cast<double>(t.knob) / 2;
+    int64_t fromStart = int64_t{axis().of(mouseX, mouseY)} - t.first - this->*axis().position;
+    double knobStart = static_cast<double>(fromStart) - t.knob / 2.0;
     setPercent(static_cast<float>(knobStart / static_cast<double>(t.length)));
 }
 
 void UISlider::onDragEnd(int, int) { isDragged = false; }
 
 void UISlider::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    if (!isVisible) return;
-    SDL_Rect clip = getClippedRect({clipX, clipY, clipWidth, clipHeight});
-    if (clip.w <= 0 || clip.h <= 0) return;
-    requireRenderer();
-    Ref<UIRenderer> held = renderer;
-    Ref<> pieces = item(held->pieces().raw(), "slider"_name);
+    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+    if (!canvas) return;
+    canvas->cut();
+    const Axis& along = axis();
+    Ref<Texture> pictures = tileset();
+    blitThreeSlice(*canvas, pictures, piece("slider"_name, names().background), along, *this);
     auto button = [&](Name& name, bool isOver) {
-        return rectIn(item(pieces.raw(), name, isOver ? "hover"_name : "normal"_name));
+        return rectIn(piece("slider"_name, name, isOver ? "hover"_name : "normal"_name));
     };
-    bool across = isHorizontal();
-    ThreeSlice bar = across ? horizontalSliceIn(item(pieces.raw(), "horizontalBackground"_name))
-                            : verticalSliceIn(item(pieces.raw(), "verticalBackground"_name));
-    SDL_Rect first = button(across ? "leftButton"_name : "topButton"_name, firstButtonHovered);
-    SDL_Rect second = button(across ? "rightButton"_name : "bottomButton"_name, secondButtonHovered);
-    SDL_Rect knob = button(across ? "horizontalButton"_name : "verticalButton"_name, false);
-    Track t = track();
-    int64_t offset = t.first + truncated(static_cast<double>(getPercent() * static_cast<float>(t.length)));
+    auto blitAt = [&](int64_t place, const SDL_Rect& part) {
+        SDL_Rect target = along.rect(place, this->*along.other().position, 0, 0);
+        canvas->blit(pictures, part, target.x, target.y);
+    };
+    blitAt(this->*along.position, button(names().firstButton, firstButtonHovered));
+    SDL_Rect second = button(names().secondButton, secondButtonHovered);
+    blitAt(along.end(*this) - second.*along.length, second);
+    canvas->uncut();
 
-    SDL_Surface* tileset = held->tileset();
-    Canvas canvas = held->canvas(clip);
-    blitThreeSlice(tileset, bar, canvas, x, y, across ? width : height);
-    blit(tileset, first, canvas, x, y);
-    blit(tileset, second, canvas, across ? saturate(int64_t{x} + width - second.w) : x,
-        across ? y : saturate(int64_t{y} + height - second.h));
-    blit(tileset, knob, held->canvas(), across ? saturate(x + offset) : x, across ? y : saturate(y + offset));
+    SDL_Rect knob = button(names().knob, false);
+    Track t = track();
+    int64_t moved = truncate(getPercent() * static_cast<float>(t.length));
+    blitAt(this->*along.position + t.first + moved, knob);
+    canvas->uncut();
 }
 
 void declareUISlider(Module& module) {
     Class<UISlider, UIWidget>("zelvarine.UISlider",
         "A bar with a knob to drag and a button at each end, for an integer from `minValue` to `maxValue`. A\n"
         "click on a button changes it by 10. The engine fires a SliderValueChangedEvent for each change.")
-        .init<&UISlider::init>(
+        .init<&UISlider::value, &UISlider::minValue, &UISlider::maxValue, &UISlider::orientation>(
             {{"value"}, {"minValue", 0}, {"maxValue", 100}, {"orientation", SLIDER_ORIENTATION_HORIZONTAL}})
         .property<&UISlider::getValue, &UISlider::setValue>(
             "value", "the value, int; what is written is clamped to the bounds")
         .property<&UISlider::readPercent, &UISlider::writePercent>("percent",
-            "the value as a share of the range, 0.0 to 1.0; NaN raises ValueError. With equal bounds it reads as 0.0, and\n"
-            "each reading reports a ZeroDivisionError to sys.unraisablehook.")
+            "the value as a share of the range, 0.0 to 1.0; NaN raises ValueError. With equal bounds it reads as\n"
+            "0.0, and each reading reports a ZeroDivisionError to sys.unraisablehook.")
         .method<&UISlider::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
             "Tracks the mouse over the slider and its buttons.")
         .method<&UISlider::render>("render", clipParams, "Renders the slider")
@@ -180,7 +170,8 @@ void declareUISlider(Module& module) {
         .method<&UISlider::onDragEnd>("onDragEnd", {{"mouseX"}, {"mouseY"}}, "Lets the knob go.")
         .addTo(module.raw());
     Class<SliderValueChangedEvent, Event>("zelvarine.SliderValueChangedEvent", "The value of a UISlider has changed.")
-        .init<&SliderValueChangedEvent::init>({{"target"}, {"oldValue"}, {"newValue"}})
+        .init<&SliderValueChangedEvent::target, &SliderValueChangedEvent::oldValue, &SliderValueChangedEvent::newValue>(
+            {{"target"}, {"oldValue"}, {"newValue"}})
         .readonly<&SliderValueChangedEvent::target>("target", "the UISlider")
         .readonly<&SliderValueChangedEvent::oldValue>("oldValue", "value before, int")
         .readonly<&SliderValueChangedEvent::newValue>("newValue", "value now, int")

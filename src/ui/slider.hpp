@@ -6,6 +6,8 @@ namespace zv {
 
 enum SliderOrientation : int { SLIDER_ORIENTATION_HORIZONTAL, SLIDER_ORIENTATION_VERTICAL };
 
+struct Axis;
+
 struct UISlider : UIWidget {
     int orientation = SLIDER_ORIENTATION_HORIZONTAL;
     int value = 0, minValue = 0, maxValue = 100;
@@ -17,7 +19,7 @@ struct UISlider : UIWidget {
     virtual float getPercent();
     virtual void setPercent(float percent);
 
-    void init(int newValue, int newMinValue, int newMaxValue, int newOrientation);
+    void init() { firstButtonHovered = secondButtonHovered = isDragged = false; }
     int getValue() const { return value; }
     void setValue(int newValue);
     double readPercent() { return static_cast<double>(getPercent()); }
@@ -36,10 +38,15 @@ private:
         int64_t length;
         int knob;
     };
+    // What the theme calls its pieces.
+    struct Names {
+        Name &background, &firstButton, &secondButton, &knob;
+    };
+    const Axis& axis() const;
+    const Names& names() const;
     Track track();
-    bool isHorizontal() const { return orientation == SLIDER_ORIENTATION_HORIZONTAL; }
     // A piece of the theme's slider, as it is when the mouse is not over it.
-    Ref<> normalPiece(Name& horizontal, Name& vertical) const;
+    Ref<> normalPiece(Name& name) const { return piece("slider"_name, name, "normal"_name); }
     int valueByName() const;
     void step(int by);
 };
@@ -52,7 +59,6 @@ struct SliderValueChangedEvent : Event {
         Event::eachRef(visit);
         visit(target);
     }
-    void init(Ref<UISlider> newTarget, int before, int after);
 };
 
 void declareUISlider(Module&);

@@ -86,12 +86,12 @@ Ref<Texture> UIText::rendered() {
 }
 
 void UIText::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    if (!isVisible) return;
-    SDL_Rect clip = getClippedRect({clipX, clipY, clipWidth, clipHeight});
-    if (clip.w <= 0 || clip.h <= 0) return;
-    requireRenderer();
+    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+    if (!canvas) return;
     Ref<Texture> shown = rendered();
-    blit(shown->surface(), {0, 0, shown->getWidth(), shown->getHeight()}, renderer->canvas(clip), x, y);
+    canvas->cut();
+    canvas->blit(shown, {0, 0, shown->getWidth(), shown->getHeight()}, x, y);
+    canvas->uncut();
 }
 
 void declareUIText(Module& module) {

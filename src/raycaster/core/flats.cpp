@@ -1,7 +1,5 @@
 #include "raycaster/core/flats.hpp"
 
-#include "core/blend.hpp"
-
 namespace zv {
 
 // The point of the level under a pixel: its cell's texture index and its place in the cell.
@@ -18,46 +16,60 @@ static bool flatPointAt(const Grid& grid, CellByte plane, double x, double y, Fl
     return true;
 }
 
-// One row of one plane; `shade` turns a texel into a pixel. `covers` tells which columns show the plane here.
-template <class Covers, class Shade> static void drawRow(const Scene& scene, const View& view, const Columns& columns,
-    const Image& target, CellByte plane, int y, double rowDist, bool solidFog, Covers&& covers, Shade&& shade) {
-    for (int x = 0; x < view.width; x++) {
-        if (!covers(columns.slices[static_cast<size_t>(x)])) continue;
-        Point ray = columns.hits[static_cast<size_t>(x)].rayDir;
-        FlatPoint point;
-        if (!flatPointAt(scene.grid, plane, rowDist * ray.x + view.pos.x, rowDist * ray.y + view.pos.y, point))
-            continue;
-        if (point.textureIndex == noTexture) continue;
-        if (solidFog) {
-            target.at(x, y) = scene.fog.color;
-        } else if (const Image* texture = scene.texture(point.textureIndex)) {
-            target.at(x, y) = shade(
-                texture->at(static_cast<int>(point.u * texture->width), static_cast<int>(point.v * texture->height)));
+namespace {
+
+// One row of one plane, in the columns that show the plane there.
+struct FlatRow {
+    const Scene& scene;
+    const View& view;
+    const Columns& columns;
+    uint32_t* pixels;
+    CellByte plane;
+    double dist;  // of all its points, along the columns' rays
+
+    // `covers` tells whether a column shows the plane here; `shade` turns a texel into a pixel.
+    template <class Covers, class Shade> void draw(int from, int to, Covers&& covers, Shade&& shade) const {
+        bool isSolid = scene.fog.at(dist) >= 255;
+        for (int x = from; x < to; x++) {
+            if (!covers(columns.slice(x))) continue;
+            Point ray = columns.hit(x).rayDir;
+            FlatPoint point;
+            if (!flatPointAt(scene.grid, plane, dist * ray.x + view.pos.x, dist * ray.y + view.pos.y, point)) continue;
+            if (point.textureIndex == noTexture) continue;
+            if (isSolid) {
+                pixels[x] = scene.fog.solid();
+            } else if (const Image* texture = scene.texture(point.textureIndex)) {
+                pixels[x] = shade(texture->at(
+                    static_cast<int>(point.u * texture->width), static_cast<int>(point.v * texture->height)));
+            }
         }
     }
-}
+};
 
-void drawFloor(const Scene& scene, const View& view, const Columns& columns, const Image& target, int from, int to) {
+}  // namespace
+
+void drawFloor(
+    const Scene& scene, const View& view, const Columns& columns, const MutableImage& target, int from, int to) {
     const Fog& fog = scene.fog;
-    for (int y = std::max(from, view.horizon + 1); y < to; y++) {  // at the horizon itself the floor is infinitely far
-        double rowDist = view.scale() / (y - view.horizon);
-        int fogAmount = fog.at(rowDist), groundFog = fog.groundAt(rowDist);
-        drawRow(
-            scene, view, columns, target, cellFloor, y, rowDist, fogAmount >= 255,
-            [y](const Slice& slice) { return y >= slice.end; },
-            [&](uint32_t texel) { return mix(mix(texel, fog.groundColor, groundFog), fog.color, fogAmount); });
+    // At the horizon itself the floor is infinitely far.
+    for (int y = std::max(view.horizon + 1, 0); y < view.height; y++) {
+        double dist = view.scale() / (y - view.horizon);
+        int amount = fog.at(dist), groundAmount = fog.groundAt(dist);
+        FlatRow{scene, view, columns, target.row(y), cellFloor, dist}.draw(
+            from, to, [y](const Slice& slice) { return y >= slice.end; },
+            [&](uint32_t texel) { return fog.over(fog.groundOver(texel, groundAmount), amount); });
     }
 }
 
-void drawCeiling(const Scene& scene, const View& view, const Columns& columns, const Image& target, int from, int to) {
+void drawCeiling(
+    const Scene& scene, const View& view, const Columns& columns, const MutableImage& target, int from, int to) {
     const Fog& fog = scene.fog;
-    for (int y = from; y < std::min(to, view.horizon); y++) {
-        double rowDist = view.scale() / (view.horizon - y);
-        int fogAmount = fog.at(rowDist);
-        drawRow(
-            scene, view, columns, target, cellCeiling, y, rowDist, fogAmount >= 255,
-            [y](const Slice& slice) { return y < slice.start; },
-            [&](uint32_t texel) { return mix(texel, fog.color, fogAmount); });
+    for (int y = 0; y < std::min(view.height, view.horizon); y++) {
+        double dist = view.scale() / (view.horizon - y);
+        int amount = fog.at(dist);
+        FlatRow{scene, view, columns, target.row(y), cellCeiling, dist}.draw(
+            from, to, [y](const Slice& slice) { return y < slice.start; },
+            [&](uint32_t texel) { return fog.over(texel, amount); });
     }
 }
 

@@ -4,8 +4,10 @@
 
 namespace zv {
 
-// Draw the rows from `from` to `to` - 1. Distance, and so fog, is the same all along a row.
-void drawFloor(const Scene& scene, const View& view, const Columns& columns, const Image& target, int from, int to);
-void drawCeiling(const Scene& scene, const View& view, const Columns& columns, const Image& target, int from, int to);
+// Draw columns `from` to `to` - 1, row by row: distance, and so fog, is the same all along a row.
+void drawFloor(
+    const Scene& scene, const View& view, const Columns& columns, const MutableImage& target, int from, int to);
+void drawCeiling(
+    const Scene& scene, const View& view, const Columns& columns, const MutableImage& target, int from, int to);
 
 }  // namespace zv

@@ -1,24 +1,12 @@
 // What the passes of a frame work on: plain numbers and arrays, no Python object.
 #pragma once
 #include "core/image.hpp"
-#include "core/numbers.hpp"
-#include "core/point.hpp"
 #include "core/ray.hpp"
+#include "raycaster/core/fog.hpp"
 
-#include <algorithm>
 #include <vector>
 
 namespace zv {
-
-struct Fog {
-    int density = 0, groundDensity = 0;  // amount per cell of distance, out of 255
-    uint32_t color = 0, groundColor = 0;
-
-    // The amount from 0 to 255 at a distance; 255 is solid.
-    static int amount(int density, double dist) { return std::clamp(truncate(density * dist), 0, 255); }
-    int at(double dist) const { return amount(density, dist); }
-    int groundAt(double dist) const { return groundDensity > 0 ? amount(groundDensity, dist) : 0; }
-};
 
 struct Scene {
     Grid grid;
@@ -49,10 +37,17 @@ struct Slice {
     int start, end, half;
 };
 
-// One ray per column, and where its wall stands on the screen.
+// One ray per column of the picture, and where its wall stands on the screen.
 struct Columns {
     std::vector<RayHit> hits;
     std::vector<Slice> slices;
+
+    explicit Columns(int width) : hits(static_cast<size_t>(width)), slices(hits.size()) {}
+
+    RayHit& hit(int x) { return hits[static_cast<size_t>(x)]; }
+    Slice& slice(int x) { return slices[static_cast<size_t>(x)]; }
+    const RayHit& hit(int x) const { return hits[static_cast<size_t>(x)]; }
+    const Slice& slice(int x) const { return slices[static_cast<size_t>(x)]; }
 };
 
 }  // namespace zv

@@ -9,7 +9,7 @@ static int skyColumn(const Image& sky, double angle) {
     return std::max(truncate(angle * (sky.width / 360.0)) % sky.width, 0);
 }
 
-void drawSky(const Image& sky, const View& view, double degrees, const Image& target) {
+void drawSky(const Image& sky, const View& view, double degrees, const MutableImage& target) {
     if (sky.empty()) return;
     std::vector<int> skyX(static_cast<size_t>(view.width));
     int leftOfMiddle = view.fov / 2;  // in whole degrees
@@ -20,7 +20,9 @@ void drawSky(const Image& sky, const View& view, double degrees, const Image& ta
     for (int y = 0; y < view.height; y++) {
         double share = (static_cast<double>(view.height) - view.horizon + y) / (2.0 * view.height);
         int skyY = std::clamp(truncate(share * sky.height), 0, sky.height - 1);
-        for (int x = 0; x < view.width; x++) target.at(x, y) = sky.at(skyX[static_cast<size_t>(x)], skyY);
+        const uint32_t* skyRow = sky.row(skyY);
+        uint32_t* row = target.row(y);
+        for (int x = 0; x < view.width; x++) row[x] = skyRow[skyX[static_cast<size_t>(x)]];
     }
 }
 

@@ -5,6 +5,6 @@
 namespace zv {
 
 // Covers the whole picture. `degrees` is the direction of the view, from -180 to 180.
-void drawSky(const Image& sky, const View& view, double degrees, const Image& target);
+void drawSky(const Image& sky, const View& view, double degrees, const MutableImage& target);
 
 }  // namespace zv

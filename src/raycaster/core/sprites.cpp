@@ -1,7 +1,5 @@
 #include "raycaster/core/sprites.hpp"
 
-#include "core/blend.hpp"
-
 namespace zv {
 
 Rotation viewRotation(Point dir) {
@@ -33,13 +31,14 @@ uint32_t texelAt(const SpriteFrame& frame, double u, double v) {
     return frame.sheet.at(x, y);
 }
 
-void drawColumn(const SpriteFrame& frame, const Fog& fog, int x, double texX, const Extent& rows, const Image& target) {
+void drawColumn(
+    const SpriteFrame& frame, const Fog& fog, int x, double texX, const Extent& rows, const MutableImage& target) {
     double texY = rows.texel;
     for (int y = rows.from; y < rows.to; y++, texY += rows.step) {
         uint32_t texel = texelAt(frame, texX, texY);
         if (!frame.shadeless) {
             int groundFog = groundFogAt(frame.groundFog, y, rows.from, rows.to - rows.from);
-            texel = mix(mix(texel, fog.groundColor, groundFog), fog.color, frame.fog);
+            texel = fog.over(fog.groundOver(texel, groundFog), frame.fog);
         }
         int alpha = static_cast<int>(texel >> 24);
         uint32_t& pixel = target.at(x, y);
@@ -49,8 +48,8 @@ void drawColumn(const SpriteFrame& frame, const Fog& fog, int x, double texX, co
 
 }  // namespace
 
-void drawSprite(const SpriteFrame& frame, const Fog& fog, const View& view, const Columns& columns, Point place,
-    double halfHeight, const Image& target) {
+void drawSprite(const SpriteFrame& frame, const Fog& fog, const View& view, const std::vector<RayHit>& rayHits,
+    Point place, double halfHeight, const MutableImage& target) {
     // The offset from the middle is drawn in by a quarter; the field of view has no part in it.
     int halfWidth = view.width / 2;
     double projected = std::trunc(place.y / place.x * view.width + halfWidth);
@@ -64,7 +63,7 @@ void drawSprite(const SpriteFrame& frame, const Fog& fog, const View& view, cons
         frame.height / (halfHeight * 2) / frame.scale);
     double texX = across.texel;
     for (int x = across.from; x < across.to; x++, texX += across.step) {
-        const RayHit& hit = columns.hits[static_cast<size_t>(x)];
+        const RayHit& hit = rayHits[static_cast<size_t>(x)];
         if (hit.outOfBounds || hit.dist > place.x) drawColumn(frame, fog, x, texX, down, target);
     }
 }

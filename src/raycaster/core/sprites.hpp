@@ -19,7 +19,7 @@ Rotation viewRotation(Point dir);
 // `place` is the sprite's position from the camera, turned by viewRotation: x is the depth, y the offset to
 // the right. `halfHeight` is that of the unscaled sprite on the screen, in whole rows. A sprite shows in the
 // columns whose wall is farther away.
-void drawSprite(const SpriteFrame& frame, const Fog& fog, const View& view, const Columns& columns, Point place,
-    double halfHeight, const Image& target);
+void drawSprite(const SpriteFrame& frame, const Fog& fog, const View& view, const std::vector<RayHit>& rayHits,
+    Point place, double halfHeight, const MutableImage& target);
 
 }  // namespace zv

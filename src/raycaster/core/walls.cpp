@@ -1,7 +1,5 @@
 #include "raycaster/core/walls.hpp"
 
-#include "core/blend.hpp"
-
 namespace zv {
 
 // A wall at distance d has a half-height of height / ratio / d rows: true distance, without a correction
@@ -13,20 +11,22 @@ static Slice sliceOf(const View& view, const RayHit& hit) {
     return {std::max(view.horizon - half, 0), std::min(view.horizon + half, view.height - 1), half};
 }
 
-void traceColumns(const Grid& grid, const View& view, Columns& columns) {
+Columns traceColumns(const Grid& grid, const View& view) {
+    Columns columns(view.width);
     constexpr double touching = 1e-8;  // a wall this close counts as none
     Rotation step(static_cast<double>(view.fov) / view.width * degreesToRadians);
     Rotation first(view.fov * -0.5 * degreesToRadians);
     Point ray = first(view.dir);
     RayHit hit;  // one for all columns: what a trace does not write keeps the previous column's value
-    for (size_t x = 0; x < static_cast<size_t>(view.width); x++) {
+    for (int x = 0; x < view.width; x++) {
         traceGridRay(grid, view.pos, ray, hit);
         hit.rayDir = ray;
         if (hit.dist < touching) hit.outOfBounds = 1;
-        columns.hits[x] = hit;
-        columns.slices[x] = sliceOf(view, hit);
+        columns.hit(x) = hit;
+        columns.slice(x) = sliceOf(view, hit);
         ray = step(ray);
     }
+    return columns;
 }
 
 // Where the hit lies along its face, from the viewer's left to the viewer's right, 0 to 1.
@@ -37,27 +37,29 @@ static double alongWall(const RayHit& hit) {
 }
 
 static void drawTexturedSlice(const Image& texture, const Fog& fog, const View& view, const RayHit& hit,
-    const Slice& slice, const Image& target, int x) {
+    const Slice& slice, const MutableImage& target, int x) {
     int fogAmount = fog.at(hit.dist), groundFog = fog.groundAt(hit.dist);
-    int texX = std::min(truncate(alongWall(hit) * texture.width), texture.width - 1);
+    // A view without a direction can hit beyond the grid's edge, and so beside the texture.
+    int texX = std::clamp(truncate(alongWall(hit) * texture.width), 0, texture.width - 1);
     double texStep = texture.height / (2.0 * slice.half + 1);
     double texPos = (slice.start - (view.horizon - slice.half)) * texStep;
     for (int y = slice.start; y < slice.end; y++) {
         uint32_t texel = texture.at(texX, std::min(static_cast<int>(texPos), texture.height - 1));
         if (fog.groundDensity > 0)
-            texel = mix(texel, fog.groundColor, groundFogAt(groundFog, y, slice.start, 2 * slice.half));
-        target.at(x, y) = mix(texel, fog.color, fogAmount);
+            texel = fog.groundOver(texel, groundFogAt(groundFog, y, slice.start, 2 * slice.half));
+        target.at(x, y) = fog.over(texel, fogAmount);
         texPos += texStep;
     }
 }
 
-void drawWalls(const Scene& scene, const View& view, const Columns& columns, const Image& target, int from, int to) {
+void drawWalls(
+    const Scene& scene, const View& view, const Columns& columns, const MutableImage& target, int from, int to) {
     for (int x = from; x < to; x++) {
-        const RayHit& hit = columns.hits[static_cast<size_t>(x)];
-        const Slice& slice = columns.slices[static_cast<size_t>(x)];
+        const RayHit& hit = columns.hit(x);
+        const Slice& slice = columns.slice(x);
         if (hit.outOfBounds) continue;
         if (scene.fog.at(hit.dist) >= 255) {
-            for (int y = slice.start; y < slice.end; y++) target.at(x, y) = scene.fog.color;
+            for (int y = slice.start; y < slice.end; y++) target.at(x, y) = scene.fog.solid();
         } else if (const Image* texture = scene.texture(hit.textureIndex)) {
             drawTexturedSlice(*texture, scene.fog, view, hit, slice, target, x);
         }
@@ -65,10 +67,10 @@ void drawWalls(const Scene& scene, const View& view, const Columns& columns, con
 }
 
 void drawFlashlight(
-    const Image& mask, const View& view, const Columns& columns, const Image& target, int from, int to) {
+    const Image& mask, const View& view, const Columns& columns, const MutableImage& target, int from, int to) {
     for (int x = from; x < to; x++) {
-        const RayHit& hit = columns.hits[static_cast<size_t>(x)];
-        const Slice& slice = columns.slices[static_cast<size_t>(x)];
+        const RayHit& hit = columns.hit(x);
+        const Slice& slice = columns.slice(x);
         if (hit.outOfBounds) continue;
         double step = 3.0 / hit.dist, pos = 0;
         int strength = std::min(truncate(512.0 / (hit.dist * hit.dist)), 255);

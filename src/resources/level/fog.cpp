@@ -16,6 +16,12 @@ std::tuple<int, int, int> FogColor::components() const {
     return {static_cast<int>(bits >> 16 & 0xFF), static_cast<int>(bits >> 8 & 0xFF), static_cast<int>(bits & 0xFF)};
 }
 
+bool FogColor::isPixel() const {
+    int overflow;
+    long long value = PyLong_AsLongLongAndOverflow(number.raw(), &overflow);
+    return !overflow && value >= 0 && value <= UINT32_MAX;
+}
+
 void Level::loadFogSettings() {
     unraisable("zelvarine.Level._loadFogSettings"_name, [&] {
         PyObject* settings = metadata.raw();

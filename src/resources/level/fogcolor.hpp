@@ -13,6 +13,7 @@ public:
     static FogColor of(PyObject* components);
 
     std::tuple<int, int, int> components() const;
+    bool isPixel() const;
     // The pixel; raises OverflowError if the number is none.
     uint32_t word() const { return Convert<uint32_t>::from(number.raw()); }
 

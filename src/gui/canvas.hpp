@@ -1,0 +1,39 @@
+// What a widget draws on.
+#pragma once
+#include "gui/geometry.hpp"
+#include "resources/texture.hpp"
+#include "sdl/blit.hpp"
+
+namespace zv {
+
+// The target of a renderer, and the part of it where a widget is seen. Both blits are cut at that part after cut(),
+// and so is everything else that scripts draw onto the target, until uncut(). Between two widgets nothing is cut: one
+// that fails on its way leaves its own cut behind.
+class Canvas {
+public:
+    Canvas(Ref<Texture> texture, const SDL_Rect& seen) : target(std::move(texture)), part(seen) {}
+
+    void cut() const {
+        SDL_Surface* surface = target->surface();
+        bool fits = isNear(part) && isNear(part.w) && isNear(part.h);
+        SDL_Rect clip = fits ? part : intersection(part, {0, 0, surface->w, surface->h});
+        SDL_SetClipRect(surface, &clip);
+    }
+    void uncut() const { SDL_SetClipRect(target->surface(), nullptr); }
+
+    // Where something can be drawn now.
+    SDL_Rect open() const { return target->surface()->clip_rect; }
+
+    void blit(const Ref<Texture>& source, const SDL_Rect& from, int x, int y) const {
+        zv::blit(source->surface(), from, target->surface(), x, y);
+    }
+    void blitScaled(const Ref<Texture>& source, const SDL_Rect& from, const SDL_Rect& place) const {
+        zv::blitScaled(source->surface(), from, target->surface(), place);
+    }
+
+private:
+    Ref<Texture> target;
+    SDL_Rect part;
+};
+
+}  // namespace zv
