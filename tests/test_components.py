@@ -16,6 +16,7 @@ def test_one_component_of_each_exact_type():
     entity.removeComponent(first)  # another instance of the type
     entity.removeComponentType(RotationComponent)
     entity.addComponent("any object")
+    entity.addComponent("a second one")
     assert list(view) == [derived, "any object"]
 
 

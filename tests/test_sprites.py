@@ -2,6 +2,7 @@
 
 import base64
 import hashlib
+import struct
 import types
 
 import helpers
@@ -33,7 +34,8 @@ def test_image_files_whole_and_damaged(tmp_path):
     for name, content in ("", png), (".png", (XPM % "b").encode()), (".tga", tga):
         (tmp_path / ("image" + name)).write_bytes(content)
         assert bytes(Texture(path + name)) == bytes(texture), content
-    damaged = [png[:size] for size in range(len(png))] + [CUT_PNG] + [(XPM % end).encode() for end in ("", "?")]
+    tooLarge = struct.pack("<2sIIIIiiHH24x", b"BM", 54, 0, 54, 40, 2 ** 29 + 8, 4, 1, 16)
+    damaged = [tooLarge] + [png[:size] for size in range(len(png))] + [CUT_PNG] + [(XPM % end).encode() for end in ("", "?")]
     done = helpers.runScript("""
 import zelvarine
 for content in {!r}:

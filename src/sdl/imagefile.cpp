@@ -6,6 +6,8 @@
 #include <climits>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <set>
 #include <string>
 #include <string_view>
@@ -62,10 +64,35 @@ bool hasAllColors(std::string_view xpm) {
     return true;
 }
 
-// Whether SDL_image comes to an end with the file: of two formats it trusts too much.
+// Where a format says how large its image is, in 32 bits each, and how many pixels a byte of a file can be worth.
+struct Header {
+    size_t width, height;
+    bool bigEndian;
+    uint64_t pixelsPerByte;
+};
+
+// Whether the file can hold as many pixels as it claims, or claims few: SDL_image takes, and writes to, the memory for
+// all of them first.
+bool canHoldItsPixels(std::string_view file, const Header& header) {
+    if (file.size() < header.height + 4) return false;
+    auto read = [&](size_t place) {
+        uint32_t number;
+        std::memcpy(&number, file.data() + place, sizeof number);
+        return int64_t{static_cast<int32_t>(header.bigEndian ? SDL_SwapBE32(number) : SDL_SwapLE32(number))};
+    };
+    auto pixels = static_cast<uint64_t>(std::abs(read(header.width)) * std::abs(read(header.height)));
+    constexpr uint64_t few = 1 << 24, most = INT_MAX / 4;
+    return pixels <= std::min(most, std::max(few, file.size() * header.pixelsPerByte));
+}
+
+// Whether SDL_image comes to an end with the file, and with the memory that there is.
 bool isSafe(std::string_view file) {
     auto startsWith = [&](std::string_view mark) { return file.substr(0, mark.size()) == mark; };
-    if (startsWith("\x89PNG")) return hasEndMark(file);
+    if (startsWith("\x89PNG")) return hasEndMark(file) && canHoldItsPixels(file, {16, 20, true, 8192});
+    if (startsWith("BM") &&
+        file.substr(std::min<size_t>(14, file.size()), 1) != "\x0c")  // the oldest kind of header counts in 16 bits
+        return canHoldItsPixels(file, {18, 22, false, 256});
+    if (startsWith("qoif")) return canHoldItsPixels(file, {4, 8, true, 64});
     if (startsWith("/* XPM */")) return hasAllColors(file);
     return true;
 }
