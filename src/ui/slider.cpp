@@ -54,10 +54,10 @@ void UISlider::writePercent(double percent) {
 
 UISlider::Track UISlider::track() {
     // Both step buttons count with their width, also in a vertical slider.
-    int first = numberIn(normalPiece(names().firstButton), "width"_name);
+    int64_t first = numberIn(normalPiece(names().firstButton), "width"_name);
     int second = numberIn(normalPiece(names().secondButton), "width"_name);
     int knob = numberIn(normalPiece(names().knob), axis().lengthName);
-    return {first, int64_t{this->*axis().size} - first - second - knob, knob};
+    return {first, this->*axis().size - first - second - knob, knob};
 }
 
 void UISlider::calculateMinSize() {

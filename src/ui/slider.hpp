@@ -34,8 +34,7 @@ struct UISlider : UIWidget {
 private:
     // Along the slider: where its track begins, how far the knob travels, how long the knob is.
     struct Track {
-        int first;
-        int64_t length;
+        int64_t first, length;
         int knob;
     };
     // What the theme calls its pieces.
