@@ -9,21 +9,27 @@ static int skyColumn(const Image& sky, double angle) {
     return std::max(truncate(angle * (sky.width / 360.0)) % sky.width, 0);
 }
 
-void drawSky(const Image& sky, const View& view, double degrees, const MutableImage& target) {
-    if (sky.empty()) return;
-    std::vector<int> skyX(static_cast<size_t>(view.width));
+Panorama::Panorama(const Image& sky, const View& view, double degrees)
+    : columns(static_cast<size_t>(view.width)), rows(static_cast<size_t>(view.height)) {
     int leftOfMiddle = view.fov / 2;  // in whole degrees
     for (int x = 0; x < view.width; x++) {
         double angle = static_cast<double>(x) / view.width * view.fov + degrees - leftOfMiddle;
-        skyX[static_cast<size_t>(x)] = skyColumn(sky, angle);
+        columns[static_cast<size_t>(x)] = skyColumn(sky, angle);
     }
     for (int y = 0; y < view.height; y++) {
         double share = (static_cast<double>(view.height) - view.horizon + y) / (2.0 * view.height);
-        int skyY = std::clamp(truncate(share * sky.height), 0, sky.height - 1);
-        const uint32_t* skyRow = sky.row(skyY);
-        uint32_t* row = target.row(y);
-        for (int x = 0; x < view.width; x++) row[x] = skyRow[skyX[static_cast<size_t>(x)]];
+        rows[static_cast<size_t>(y)] = sky.row(std::clamp(truncate(share * sky.height), 0, sky.height - 1));
     }
+}
+
+void Backdrop::paint(const MutableImage& target) {
+    if (kind == plain) std::fill_n(target.pixels, static_cast<ptrdiff_t>(target.width) * target.height, color);
+    if (kind == sky) {
+        uint32_t* pixel = target.pixels;
+        for (const uint32_t* row : panorama.rows)
+            for (int column : panorama.columns) *pixel++ = row[column];
+    }
+    kind = painted;
 }
 
 }  // namespace zv

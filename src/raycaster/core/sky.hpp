@@ -4,7 +4,24 @@
 
 namespace zv {
 
-// Covers the whole picture. `degrees` is the direction of the view, from -180 to 180.
-void drawSky(const Image& sky, const View& view, double degrees, const MutableImage& target);
+// What the picture shows of a panorama: pixel (x, y) is rows[y][columns[x]].
+struct Panorama {
+    std::vector<int> columns;
+    std::vector<const uint32_t*> rows;
+
+    Panorama() = default;
+    // `degrees` is the direction of the view, from -180 to 180.
+    Panorama(const Image& sky, const View& view, double degrees);
+};
+
+// What shows where neither walls nor floors nor ceilings are drawn.
+struct Backdrop {
+    enum Kind { painted, plain, sky } kind = painted;  // painted: what the target holds already
+    uint32_t color = 0;
+    Panorama panorama;
+
+    // Covers the whole target, unless that has been done.
+    void paint(const MutableImage& target);
+};
 
 }  // namespace zv

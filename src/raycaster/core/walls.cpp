@@ -36,13 +36,30 @@ static double alongWall(const RayHit& hit) {
     return reversed ? 1 - u : u;
 }
 
+// A view without a direction can hit beyond the grid's edge, and so beside the texture.
+int wallTexelColumn(const Image& texture, const RayHit& hit) {
+    return std::clamp(truncate(alongWall(hit) * texture.width), 0, texture.width - 1);
+}
+
+double wallTexelStep(const Image& texture, const Slice& slice) { return texture.height / (2.0 * slice.half + 1); }
+
+double wallTexelStart(const View& view, const Slice& slice, double step) {
+    return (slice.start - (view.horizon - slice.half)) * step;
+}
+
+int flashlightColumn(const Image& mask, const View& view, int x) {
+    return truncate(static_cast<double>(x) / view.width * mask.width);
+}
+
+double flashlightStep(const RayHit& hit) { return 3.0 / hit.dist; }
+
+int flashlightStrength(const RayHit& hit) { return std::min(truncate(512.0 / (hit.dist * hit.dist)), 255); }
+
 static void drawTexturedSlice(const Image& texture, const Fog& fog, const View& view, const RayHit& hit,
     const Slice& slice, const MutableImage& target, int x) {
     int fogAmount = fog.at(hit.dist), groundFog = fog.groundAt(hit.dist);
-    // A view without a direction can hit beyond the grid's edge, and so beside the texture.
-    int texX = std::clamp(truncate(alongWall(hit) * texture.width), 0, texture.width - 1);
-    double texStep = texture.height / (2.0 * slice.half + 1);
-    double texPos = (slice.start - (view.horizon - slice.half)) * texStep;
+    int texX = wallTexelColumn(texture, hit);
+    double texStep = wallTexelStep(texture, slice), texPos = wallTexelStart(view, slice, texStep);
     for (int y = slice.start; y < slice.end; y++) {
         uint32_t texel = texture.at(texX, std::min(static_cast<int>(texPos), texture.height - 1));
         if (fog.groundDensity > 0)
@@ -72,9 +89,8 @@ void drawFlashlight(
         const RayHit& hit = columns.hit(x);
         const Slice& slice = columns.slice(x);
         if (hit.outOfBounds) continue;
-        double step = 3.0 / hit.dist, pos = 0;
-        int strength = std::min(truncate(512.0 / (hit.dist * hit.dist)), 255);
-        int maskX = truncate(static_cast<double>(x) / view.width * mask.width);
+        double step = flashlightStep(hit), pos = 0;
+        int strength = flashlightStrength(hit), maskX = flashlightColumn(mask, view, x);
         for (int y = slice.start; y < slice.end && pos < mask.height; y++) {
             uint32_t& pixel = target.at(x, y);
             pixel = addLight(pixel, mask.at(maskX, static_cast<int>(pos)), strength);

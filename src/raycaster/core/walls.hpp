@@ -16,4 +16,14 @@ void drawWalls(
 void drawFlashlight(
     const Image& mask, const View& view, const Columns& columns, const MutableImage& target, int from, int to);
 
+// The column of a wall's texture, where its rows begin, and how far they step from row to row of the screen.
+int wallTexelColumn(const Image& texture, const RayHit& hit);
+double wallTexelStep(const Image& texture, const Slice& slice);
+double wallTexelStart(const View& view, const Slice& slice, double step);
+
+// The flashlight's mask: its column, the steps of its rows, and the weight of its light.
+int flashlightColumn(const Image& mask, const View& view, int x);
+double flashlightStep(const RayHit& hit);
+int flashlightStrength(const RayHit& hit);
+
 }  // namespace zv

@@ -1,0 +1,218 @@
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "raycaster/core/vector/flats.cpp"
+#include <hwy/foreach_target.h>
+
+#include "raycaster/core/vector/lanes.hpp"
+
+HWY_BEFORE_NAMESPACE();
+namespace zv {
+namespace HWY_NAMESPACE {
+
+#if HWY_TARGET != HWY_SCALAR
+
+// The points of the level under a run of columns. The floor's row below the horizon and the ceiling's as far above it
+// are equally far, so they share them.
+struct Run {
+    static constexpr int length = 128;  // columns
+
+    int begin, columns;
+    HWY_ALIGN int32_t cell[length];    // number in the grid, -1 beyond its edge
+    HWY_ALIGN int32_t offset[length];  // of the texel, in a texture of the size that all have
+    HWY_ALIGN double u[length], v[length];  // place in the cell, where textures differ in size
+    bool inOneCell[length];            // for the first column of each vector
+};
+
+struct TextureSize {
+    int width, height;
+};
+
+// The textures by the numbers that cells hold.
+struct FlatTextures {
+    const Image* image[256] = {};  // null: draws nothing
+    TextureSize size{0, 0};        // of all of them; 0 where they differ
+
+    explicit FlatTextures(const Scene& scene) {
+        bool first = true;
+        for (int i = 0; i < noTexture; i++) {
+            const Image* texture = image[i] = scene.texture(i);
+            if (!texture) continue;
+            if (first) size = {texture->width, texture->height};
+            else if (size.width != texture->width || size.height != texture->height) size = {0, 0};
+            first = false;
+        }
+    }
+    const Image* at(const Grid& grid, CellByte plane, int cell) const {
+        return cell < 0 ? nullptr : image[grid.cells[static_cast<ptrdiff_t>(cell) * cellBytes + plane]];
+    }
+};
+
+// Whether the floor shows in any column of the run in the row `below`, or the ceiling in the row `above`.
+static bool isSeen(const Strips& strips, const Run& run, int below, int above) {
+    const Ints ints;
+    auto seen = hn::Zero(ints);
+    for (int i = 0; i < run.columns; i += static_cast<int>(hn::Lanes(ints))) {
+        size_t x = static_cast<size_t>(run.begin + i);
+        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::LoadU(ints, &strips.bottom[x]), hn::Set(ints, below + 1))));
+        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::Set(ints, above), hn::LoadU(ints, &strips.top[x]))));
+    }
+    return !hn::AllTrue(ints, hn::Eq(seen, hn::Zero(ints)));
+}
+
+HWY_NOINLINE void findPoints(const WorldPicture& world, double rowDist, TextureSize size, Run& run) {
+    const Ints ints;
+    const Words words;
+    const Doubles doubles;
+    const int lanes = static_cast<int>(hn::Lanes(ints)), half = lanes / 2;
+    const auto dist = hn::Set(doubles, rowDist);
+    const auto posX = hn::Set(doubles, world.view.pos.x), posY = hn::Set(doubles, world.view.pos.y);
+    const auto gridWidth = hn::Set(ints, world.scene.grid.width), gridHeight = hn::Set(ints, world.scene.grid.height);
+    const auto texWidth = hn::Set(doubles, size.width), texHeight = hn::Set(doubles, size.height);
+    for (int i = 0; i < run.columns; i += lanes) {
+        const double *rayX = &world.strips.rayX[static_cast<size_t>(run.begin + i)],
+                     *rayY = &world.strips.rayY[static_cast<size_t>(run.begin + i)];
+        auto x0 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayX)), posX);
+        auto y0 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayY)), posY);
+        auto x1 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayX + half)), posX);
+        auto y1 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayY + half)), posY);
+        auto cellX0 = hn::Floor(x0), cellY0 = hn::Floor(y0), cellX1 = hn::Floor(x1), cellY1 = hn::Floor(y1);
+        auto u0 = hn::Sub(x0, cellX0), v0 = hn::Sub(y0, cellY0), u1 = hn::Sub(x1, cellX1), v1 = hn::Sub(y1, cellY1);
+        auto cellX = wholeNumbers(cellX0, cellX1), cellY = wholeNumbers(cellY0, cellY1);
+        auto inside = hn::And(hn::Lt(hn::BitCast(words, cellX), hn::BitCast(words, gridWidth)),
+            hn::Lt(hn::BitCast(words, cellY), hn::BitCast(words, gridHeight)));
+        auto cell = hn::IfThenElse(
+            hn::RebindMask(ints, inside), hn::Add(hn::Mul(cellY, gridWidth), cellX), hn::Set(ints, -1));
+        hn::Store(cell, ints, run.cell + i);
+        run.inOneCell[i] = hn::AllTrue(ints, hn::Eq(cell, hn::Set(ints, hn::GetLane(cell))));
+        if (size.width > 0) {
+            auto texX = wholeNumbers(hn::Mul(u0, texWidth), hn::Mul(u1, texWidth));
+            auto texY = wholeNumbers(hn::Mul(v0, texHeight), hn::Mul(v1, texHeight));
+            hn::Store(hn::Add(hn::Mul(texY, hn::Set(ints, size.width)), texX), ints, run.offset + i);
+        } else {
+            hn::Store(u0, doubles, run.u + i);
+            hn::Store(u1, doubles, run.u + i + half);
+            hn::Store(v0, doubles, run.v + i);
+            hn::Store(v1, doubles, run.v + i + half);
+        }
+    }
+}
+
+// One plane in one row: where it shows, and how its texels become pixels.
+struct PlaneRow {
+    CellByte plane;
+    int y;
+    const int* edge;  // the region's, a number a column
+    bool solidFog;
+    Blend ground, fog;
+
+    // The columns from the run's `i`-th on in which the plane's region shows.
+    HWY_INLINE hn::Mask<Ints> region(const Run& run, int i) const {
+        auto edges = hn::LoadU(Ints(), edge + run.begin + i), row = hn::Set(Ints(), y);
+        auto shows = plane == cellFloor ? hn::Not(hn::Gt(edges, row)) : hn::Gt(edges, row);
+        return hn::And(shows, hn::FirstN(Ints(), static_cast<size_t>(run.columns - i)));
+    }
+};
+
+// The words of a run before they are shaded: texels, and the backdrop between them. They are loaded one by one: a
+// vector's gather is no faster, and slow on many machines.
+struct RunWords {
+    HWY_ALIGN uint32_t word[Run::length];
+    HWY_ALIGN int32_t isTexel[Run::length];  // -1 or 0
+
+    HWY_NOINLINE void load(const WorldPicture& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
+        const int lanes = static_cast<int>(hn::Lanes(Ints()));
+        for (int i = 0; i < run.columns; i += lanes) {
+            if (hn::AllFalse(Ints(), row.region(run, i))) continue;
+            if (run.inOneCell[i]) {
+                const Image* texture = textures.at(world.scene.grid, row.plane, run.cell[i]);
+                hn::Store(hn::Set(Ints(), texture ? -1 : 0), Ints(), isTexel + i);
+                if (!texture) loadBackdrop(world, row.y, run.begin + i, word + i);
+                else loadTexels(*texture, textures.size, run, i, i + lanes);
+            } else {
+                loadBackdrop(world, row.y, run.begin + i, word + i);
+                for (int k = i; k < i + lanes; k++) {
+                    const Image* texture = textures.at(world.scene.grid, row.plane, run.cell[k]);
+                    isTexel[k] = texture ? -1 : 0;
+                    if (texture) loadTexels(*texture, textures.size, run, k, k + 1);
+                }
+            }
+        }
+    }
+
+private:
+    HWY_INLINE void loadTexels(const Image& texture, TextureSize size, const Run& run, int from, int to) {
+        if (size.width > 0) {
+            for (int k = from; k < to; k++) word[k] = texture.pixels[run.offset[k]];
+        } else {
+            for (int k = from; k < to; k++)
+                word[k] = texture.at(static_cast<int>(run.u[k] * texture.width), static_cast<int>(run.v[k] * texture.height));
+        }
+    }
+};
+
+HWY_NOINLINE void drawRun(const WorldPicture& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
+    const Ints ints;
+    const Words words;
+    const int lanes = static_cast<int>(hn::Lanes(ints));
+    RunWords loaded;
+    loaded.load(world, row, textures, run);
+    uint32_t* out = world.target.pixels + static_cast<ptrdiff_t>(row.y) * world.target.width;
+    const auto solid = hn::Set(words, world.scene.fog.color);
+    for (int i = 0; i < run.columns; i += lanes) {
+        auto region = row.region(run, i);
+        if (hn::AllFalse(ints, region)) continue;
+        auto raw = hn::Load(words, loaded.word + i), pixels = solid;
+        if (!row.solidFog) {
+            Spread spread(raw);
+            if (row.plane == cellFloor) row.ground(spread);
+            row.fog(spread);
+            pixels = spread.joined();
+        }
+        auto isTexel = hn::RebindMask(words, hn::MaskFromVec(hn::Load(ints, loaded.isTexel + i)));
+        store(hn::IfThenElse(isTexel, pixels, raw), hn::RebindMask(words, region), out, run.begin + i, run.columns - i);
+    }
+}
+
+void drawFlats(const WorldPicture& world, int from, int to) {
+    const View& view = world.view;
+    const Fog& fog = world.scene.fog;
+    const FlatTextures textures(world.scene);
+    Run run;
+    for (int away = from; away < to; away++) {
+        int below = view.horizon + away, above = view.horizon - away;
+        bool hasFloor = below >= 0 && below < view.height, hasCeiling = above >= 0 && above < view.height;
+        if (!hasFloor && !hasCeiling) continue;
+        double rowDist = view.scale() / away;
+        int fogAmount = fog.at(rowDist);
+        PlaneRow floor{cellFloor, below, world.strips.bottom.data(), fogAmount >= 255,
+            Blend(fog.groundColor, fog.groundAt(rowDist)), Blend(fog.color, fogAmount)};
+        PlaneRow ceiling{
+            cellCeiling, above, world.strips.top.data(), fogAmount >= 255, floor.ground, floor.fog};
+        for (run.begin = 0; run.begin < view.width; run.begin += Run::length) {
+            run.columns = std::min(Run::length, view.width - run.begin);
+            if (!isSeen(world.strips, run, hasFloor ? below : -1, hasCeiling ? above : view.height)) continue;
+            findPoints(world, rowDist, textures.size, run);
+            if (hasFloor) drawRun(world, floor, textures, run);
+            if (hasCeiling) drawRun(world, ceiling, textures, run);
+        }
+    }
+}
+
+#else
+void drawFlats(const WorldPicture&, int, int) {}
+#endif
+
+}  // namespace HWY_NAMESPACE
+}  // namespace zv
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace zv {
+
+HWY_EXPORT(drawFlats);
+
+void drawFlatsByVectors(const WorldPicture& world, int from, int to) {
+    HWY_DYNAMIC_DISPATCH(drawFlats)(world, from, to);
+}
+
+}  // namespace zv
+#endif
