@@ -14,13 +14,13 @@ CLICK, WHEEL = MouseClickEvent(0, 0, 1), MouseWheelEvent(0, 1)
 
 
 def test_shorthand_of_edges():
-    widget = UIScrollPanel(UIWidget())
-    for prefix, set_edges in ("margin", widget.setMargin), ("padding", widget.setPadding):
-        for given, edges in ([5], [5] * 4), ([1, 2], [1, 2] * 2), ([1, 2, 3], [1, 2, 3, 2]), ([1, 2.9, 3, 4], [1, 2, 3, 4]):
-            set_edges(*given)
-            assert [getattr(widget, prefix + side) for side in ("Top", "Right", "Bottom", "Left")] == edges
-        pytest.raises(ValueError, set_edges)
-        pytest.raises(ValueError, set_edges, 1, 2, 3, 4, 5).match("et%s takes .*4 values. 5 were" % prefix.title())
+    widget, sides = UIScrollPanel(UIWidget()), ("Top", "Right", "Bottom", "Left")
+    for given, edges in ([5], [5] * 4), ([1, 2.9], [1, 2] * 2), ([1, 2, 3], [1, 2, 3, 2]), ([1, 2, 3, 4], [1, 2, 3, 4]):
+        widget.setMargin(*given)
+        widget.setPadding(*given)
+        assert [getattr(widget, kind + side) for kind in ("margin", "padding") for side in sides] == edges * 2
+    pytest.raises(ValueError, widget.setMargin).match("setMargin takes either 1, 2, 3 or 4 values. 0 were given.")
+    pytest.raises(ValueError, widget.setPadding, 1, 2, 3, 4, 5).match("setPadding takes .* values. 5 were given.")
 
 
 def test_a_drag_from_press_to_release(ui):
@@ -33,10 +33,8 @@ def test_a_drag_from_press_to_release(ui):
     for x, y, inside in [(5, 8, False), (6, 6, False), (6, 7, True), (24, 15, True), (25, 8, False), (6, 16, False)]:
         ui.frame(x, y)
         assert widget.isHovered is widget.isInside(x, y) is inside
-    for x, y in (100, 100), (10, 10), (150, -7), (8, 12):  # it is enough that the button is held
-        ui.frame(x, y, pressed=True)
-    ui.frame(99, 98)
-    ui.frame(99, 98)
+    for x, y, *pressed in (100, 100, 1), (10, 10, 1), (150, -7, 1), (8, 12, 1), (99, 98), (99, 98):
+        ui.frame(x, y, bool(pressed))  # it is enough that the button is held
     assert calls == [("start", 10, 10), ("drag", 10, 10, 0, 0), ("drag", 150, -7, 140, -17), ("drag", 8, 12, -2, 2),
                      ("end", 99, 98)]
 
@@ -133,8 +131,8 @@ def test_scrolling(ui):
     panel.scrollPosX, panel.scrollPosY = 1000, 30
     assert (panel.scrollPosX, panel.scrollPosY) == (250 - 100 + 20, 0)  # the other one waits for the next update
     for x, panel.isEnabled, y, moved, position in [
-            (15, True, 1, True, 0), (15, True, 1, False, 0), (15, True, -1, True, 50), (15, True, -9, True, 240),
-            (15, True, -1, False, 240), (15, False, 1, False, 240), (150, True, 1, False, 240), (15, True, 2, True, 140)]:
+            (15, 1, 1, True, 0), (15, 1, 1, False, 0), (15, 1, -1, True, 50), (15, 1, -9, True, 240),
+            (15, 1, -1, False, 240), (15, 0, 1, False, 240), (150, 1, 1, False, 240), (15, 1, 2, True, 140)]:
         ui.frame(x, 15)
         assert panel._onScroll(MouseWheelEvent(0, y)) is moved
         ui.frame(x, 15)
@@ -188,54 +186,34 @@ def test_roots_and_background(ui):
         assert (ui.pixels == word).all()
 
 
-add = lambda container, child: container.addChild(child)
+add = lambda w, child: w.addChild(child)
 
 
 @pytest.mark.parametrize("make, add", [
     (UIListContainer, add), (UIPanel, add), (lambda: UIButton("x"), add),
-    (UIAnchoredContainer, lambda container, child: container.addChild(child, 0, 0)),
-    (lambda: UIScrollPanel(UIWidget()), lambda container, child: setattr(container, "content", child))])
+    (UIAnchoredContainer, lambda w, child: w.addChild(child, 0, 0)),
+    (lambda: UIScrollPanel(UIWidget()), lambda w, child: setattr(w, "content", child))])
 def test_children_that_refuse(ui, make, add):
     class Refusing(UIWidget):
         def _setParent(self, parent):
             raise LookupError
 
-    container = make()
+    w = make()
     for child, error, stays in [(Refusing(), LookupError, True), (None, AttributeError, False),
-                                ("child", TypeError, False), (container, RecursionError, True)]:
-        pytest.raises(error, add, container, child)
-        assert (child in container.getChildren()) == stays
-    container.removeChild(container)
-    container.removeChild(container)
-    assert container not in container.getChildren() and container.getParent() is None
-    ui.renderer.widget = sized(container)
-    container.getChildren().append(container)
-    for walk, *given in (ui.frame,), (container.update, 0, 0, 0), (container._onClick, CLICK), (container._onScroll, WHEEL):
+                                ("child", TypeError, False), (w, RecursionError, True)]:
+        pytest.raises(error, add, w, child)
+        assert (child in w.getChildren()) == stays
+    w.removeChild(w)
+    w.removeChild(w)
+    assert w not in w.getChildren() and w.getParent() is None
+    ui.renderer.widget = sized(w)
+    w.getChildren().append(w)
+    for walk, *given in (ui.frame,), (w.update, 0, 0, 0), (w._onClick, CLICK), (w._onScroll, WHEEL):
         pytest.raises(RecursionError, walk, *given)
 
 
-def black(ui, left, top, right, bottom):
-    """Whether the target is black there and nowhere else."""
-    return (ui.pixels[top:bottom, left:right] == 0xFF000000).all() and (
-        (ui.pixels == 0xFF000000).sum() == (right - left) * (bottom - top))
-
-
-@pytest.mark.parametrize("make", [UIPanel, lambda: UIButton("")])
-def test_children_that_draw_by_themselves_are_cut(ui, make):
-    class Artist(UIWidget):
-        render = lambda self, *clip: ui.target.fill((0, 0, 0))
-
-    container = ui.add(make(), 7, 9, 30, 25)
-    container.addChild(Artist())
-    ui.frame()
-    for clip, right, bottom in ((), 37, 34), ((0, 0, 20, 20), 20, 20), ((2, 2, 2 ** 31 - 1, 2 ** 31 - 1), 37, 34):
-        ui.target.fill((9, 9, 9))  # all of it: nothing is cut behind a widget
-        container.render(*clip)
-        assert black(ui, 7, 9, right, bottom)
-
-
 @pytest.mark.parametrize("make, missing, steps", [
-    (lambda: UIButton(""), "button normal middle", lambda s: s.blit((2, 1, 4, 20), (5, 6, 0, 0))),
+    (lambda: UIButton(""), "button normal middle", lambda s: s.blit((2, 1, 4, 20), (5, 6, 4, 20))),
     (UIPanel, "panel x", lambda s: None),
     (lambda: UISlider(1), "slider leftButton", lambda s: s.bar(WIDGETS["slider"]["horizontalBackground"], 5, 6, 40))])
 def test_what_is_drawn_before_a_failure(ui, make, missing, steps):
@@ -247,7 +225,8 @@ def test_what_is_drawn_before_a_failure(ui, make, missing, steps):
     steps(sketch)
     assert (ui.pixels == sketch.pixels).all()
     ui.target.fill((0, 0, 0))
-    assert black(ui, 5, 6, 45, 36)  # the step that ends the cut was not reached
+    sketch.pixels[6:36, 5:45] = 0xFF000000
+    assert (ui.pixels == sketch.pixels).all()  # the step that ends the cut was not reached
 
 
 def test_failures_of_theme_clip_and_texture(ui):
@@ -255,8 +234,7 @@ def test_failures_of_theme_clip_and_texture(ui):
         height = property(lambda self: 2 ** 40)
 
     image, endless, button = UIImage(Texture(3, 4)), Endless(7, 7), ui.add(UIButton("x"))
-    failure = pytest.raises(EngineException, sized(UIText("x")).render)
-    assert failure.value.msg == "Can not render a widget that is not attached to a UIRenderer object!"
+    pytest.raises(EngineException, sized(UIText("x")).render).match("render a widget that is not attached to a UI")
     pytest.raises(OverflowError, setattr, image, "texture", endless)
     assert (image.texture, image.width, image.height) == (endless, 7, 4)
     for image.alpha, kept in (300, 255), (-5, 0), (128, 128):
@@ -265,16 +243,16 @@ def test_failures_of_theme_clip_and_texture(ui):
     ui.target.fill((0, 0, 0))
     with helpers.unraisableReports() as reports:
         ui.root.render(0, 0, "wide", 5)
-    assert "TypeError" in reports.getvalue() and black(ui, 0, 0, 160, 120)
+    assert "TypeError" in reports.getvalue() and (ui.pixels == 0xFF000000).all()
     ui.theme.widgets["button"]["normal"]["middle"] = 0
     pytest.raises(ZeroDivisionError, button.render)
 
 
 @pytest.mark.parametrize("seed", range(30))
 def test_hostile_numbers_stay_in_32_bits(ui, seed):
-    r, high = random.Random(seed), 2 ** 31 - 1
-    wild = lambda count: [r.choice((-2 ** 31, high, -3, 0, 7)) for _ in range(count)]
-    widgets = [UISlider(high, -2 ** 31, high), UIScrollPanel(UIImage(None, high, high)), UIButton("x"), UIPanel(),
+    low, high, r = -2 ** 31, 2 ** 31 - 1, random.Random(seed)
+    wild = lambda count: r.choices((low, high, -3, 0, 7), k=count)
+    widgets = [UISlider(high, low, high), UIScrollPanel(UIImage(None, high, high)), UIButton("x"), UIPanel(),
                UIImage(Texture(7, 2 ** 16)), UIText("x")]
     ui.theme.widgets["button"]["normal"].update(zip(("x", "y", "left", "right", "height"), wild(5)))
     for w in widgets:

@@ -3,8 +3,8 @@ import random
 
 import numpy
 import pytest
-from zelvarine import (ANCHOR_BOTTOM, ANCHOR_CENTER, ANCHOR_RIGHT, SIZE_FIXED, SIZE_GROW, AbstractUIContainer, Font,
-                       Texture, UIAnchoredContainer, UIButton, UIImage, UIListContainer, UIPanel, UIScrollPanel,
+from zelvarine import (ANCHOR_BOTTOM, ANCHOR_CENTER, ANCHOR_RIGHT, SIZE_FIXED, SIZE_GROW, Font, Texture,
+                       UIAnchoredContainer, UIButton, UIImage, UIListContainer, UIPanel, UIScrollPanel,
                        UISlider, UIText, UIWidget)
 
 import helpers
@@ -20,8 +20,8 @@ def random_widget(r, depth, made):
     numpy.asarray(texture)[:] = [[r.getrandbits(32) for _ in range(13)] for _ in range(9)]
     width, height = 10 * len(text.replace("\n", "")), 12 * len(text.splitlines())
     w, content = r.choice([
-        (UIListContainer(), None), (UIPanel(), None), (UIAnchoredContainer(), (0, 0)), (UIScrollPanel(UIWidget()), (50, 50)),
-    ] if depth else [
+        (UIListContainer(), None), (UIPanel(), None), (UIAnchoredContainer(), (0, 0)),
+        (UIScrollPanel(UIWidget()), (50, 50))] if depth else [
         (UIWidget(), (0, 0)), (UIImage(texture), (0, 0)), (UIText(text), (width, height)),
         (UIButton(text), (width + 4 + 5, max(20, height))),
         (UISlider(number(0, 9), 0, 9), SLIDER), (UISlider(number(0, 9), 0, 9, 1), SCROLL_BAR)])
@@ -43,16 +43,9 @@ def random_widget(r, depth, made):
     return w
 
 
-def children(w):
-    return w.getChildren() if isinstance(w, AbstractUIContainer) else []
-
-
-def edges(w, kind, axis):
-    return [getattr(w, kind + side, 0) for side in (("Left", "Right"), ("Top", "Bottom"))[axis]]
-
-
-def size(w, axis):
-    return (w.width, w.height)[axis]
+children = lambda w: getattr(w, "getChildren", list)()
+edges = lambda w, kind, axis: [getattr(w, kind + side, 0) for side in (("Left", "Right"), ("Top", "Bottom"))[axis]]
+size = lambda w, axis: (w.width, w.height)[axis]
 
 
 def measured(w, axis):
@@ -125,10 +118,10 @@ def draw(sketch, w, clip, mouse):
         return draw(sketch, bar, seen, mouse)
     sketch.clip(*seen)
     if kind is UIImage:
-        sketch.blit((0, 0, 13, 9), (x, y, w.width, w.height), Surface(w.texture, w.alpha), stretch=True)
+        sketch.blit((0, 0, 13, 9), (x, y, w.width, w.height), Surface(w.texture, w.alpha))
     elif kind is UIText and w.text:
         page = Surface(FlatFont().renderLines(w.text.splitlines(), FONT_COLOR))
-        sketch.blit((0, 0) + page.pixels.shape[::-1], (x, y, 0, 0), page)
+        sketch.blit((0, 0) + page.pixels.shape[::-1], (x, y) + page.pixels.shape[::-1], page)
     elif kind is UIButton:
         sketch.bar(WIDGETS["button"]["hover" if w.isHovered else "normal"], x, y, w.width)
     elif kind is UISlider:

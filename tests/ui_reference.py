@@ -55,8 +55,7 @@ class FlatFont:
 
 
 class FlatTheme(UITheme):
-    def getFont(self, name):
-        return {"aileron": FlatFont()}[name]
+    getFont = lambda self, name: {"aileron": FlatFont()}[name]
 
 
 def sized(widget, width=20, height=10):
@@ -119,20 +118,18 @@ class Sketch(Surface):
     def clip(self, *rect):
         sdl.SDL_SetClipRect(self.handle, Rect(*rect) if rect else None)
 
-    def blit(self, part, place, source=tiles, stretch=False):
+    def blit(self, part, place, source=tiles):
         """Blits one rectangle onto another, as plain lists of x, y, w and h."""
-        draw = sdl.SDL_UpperBlitScaled if stretch else sdl.SDL_UpperBlit
-        draw(source.handle, Rect(*part), self.handle, Rect(*place))
-
-    def piece(self, table, x, y):
-        self.blit([table[key] for key in ("x", "y", "width", "height")], (x, y, 0, 0))
+        sdl.SDL_UpperBlitScaled(source.handle, Rect(*part), self.handle, Rect(*place))
 
     def grid(self, table, x, y, columns, rows):
-        """Blits pieces side by side. A span tells where and how long they are in the tiles, then where and how long here."""
+        """Blits pieces. Spans tell where and how long they are in the tiles, then where and how long here."""
         for top, tall, down, height in rows:
             for left, wide, across, width in columns:
-                self.blit((table["x"] + left, table["y"] + top, wide, tall), (x + across, y + down, width, height),
-                          stretch=(wide, tall) != (width, height))
+                self.blit((table["x"] + left, table["y"] + top, wide, tall), (x + across, y + down, width, height))
+
+    def piece(self, table, x, y):
+        self.grid(table, x, y, whole(table["width"]), whole(table["height"]))
 
     def bar(self, table, x, y, length, vertical=False):
         along, across = [(("left", "middle", "right"), "height"), (("top", "middle", "bottom"), "width")][vertical]
