@@ -60,7 +60,7 @@ def test_a_class_outlives_its_instances_and_no_more(cls):
 def test_endless_recursion_of_native_code(recursion):
     result = helpers.runScript("import zelvarine as z\nengine = z.Engine()\n"
                                "system = type('Own', (z.AbstractSystem,), {})()\n" + recursion)
-    assert result.returncode == 1 and "RecursionError" in result.stderr
+    assert result.returncode == 1 and "RecursionError" in result.stderr, result.stderr[-2000:]
 
 
 def test_constructors_fill_all_fields_anew():
@@ -72,10 +72,8 @@ def test_constructors_fill_all_fields_anew():
 
 @pytest.mark.parametrize("member, signature, end", [
     (z.Camera, "(pos, dir, fov, pitch, ratio=1.6)", ""),
-    (z.Engine.fireEvent, "(self, /, evt, evtType=None)", "\n@param(evt, object)\n@param(evtType=None, type or None)"),
     (z.Engine.init, "(self, /, title, size, fullscreen=False, show=True, resizeable=False, windowid=-1, icon=None, "
      "captureMouse=False, audioChannels=32, killWithEscapeKey=True)", "\n@param(killWithEscapeKey=True, bool)"),
-    (z.Vector2.angleTo, "(self, /, other)", "\n@param(other, Vector2)\n@return(float)"),
     (z.UIWidget.setMargin, "(self, /, *args)", ""),
     (z.UIWidget.getParent, "(self, /)", "\n@return(AbstractUIContainer or None)"),
 ])

@@ -79,11 +79,12 @@ def test_files(engine, tmp_path):
 
 
 @pytest.mark.skipif(not (shutil.which("Xvfb") and shutil.which("xdotool")), reason="needs Debian's xvfb and xdotool")
-def test_real_window(tmp_path):
+def test_real_window():
     """On a display of its own, with a mouse and a keyboard."""
     with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "640x480x24"], universal_newlines=True,
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as display:
-        result = helpers.runScript("""
+        try:
+            result = helpers.runScript("""
 import subprocess, time
 import zelvarine as z
 def play(*command, until):
@@ -91,21 +92,19 @@ def play(*command, until):
     end = time.time() + 10
     while not until():
         engine.update()
-        assert time.time() < end, seen
-engine, seen = z.Engine(), []
+        assert time.time() < end, command
+engine = z.Engine()
 engine.init("t", (160, 120))
-engine.subscribeEvent(z.MouseClickEvent, lambda event: seen.append((event.x, event.y, event.button)))
-engine.subscribeEvent(z.KeyEvent, lambda event: seen.append((event.key, event.isShiftPressed)))
 engine.setWindowPos((40, 30)), engine.setWindowSize((320, 240))
 play("mousemove", "140", "80", until=lambda: engine.getMousePos() == (50, 25))
 play("search", "--onlyvisible", "--class", "python", "windowfocus", until=lambda: True)
-play("click", "1", until=lambda: seen == [(50, 25, z.MOUSE_LEFT)])
 play("mousedown", "3", until=lambda: engine.isMouseButtonPressed(z.MOUSE_RIGHT))
-play("keydown", "shift", "key", "a", until=lambda: (z.KEY_A, True) in seen and engine.isKeyPressed(z.KEY_LSHIFT))
+play("keydown", "shift", until=lambda: engine.isKeyPressed(z.KEY_LSHIFT))
 engine.toggleFullscreen()
 play("mouseup", "3", "mousemove", "636", "476", until=lambda: engine.getMousePos() == (159, 119))
 engine.toggleFullscreen()
 play("mousemove", "0", "0", until=lambda: engine.getWindowPos() + engine.getWindowSize() == (40, 30, 320, 240))
 """, SDL_VIDEODRIVER="x11", DISPLAY=":" + display.stdout.readline().strip(), LC_ALL="C.UTF-8")
-        display.terminate()
+        finally:
+            display.terminate()
     assert (result.returncode, result.stderr) == (0, ""), result.stderr
