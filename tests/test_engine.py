@@ -84,8 +84,8 @@ for e in (engine, other):
     e.setWindowSize((9, 9)), e.setFullscreen(True), e.captureMouse(True), e.saveScreenshot("x")
     assert e.getWindowPos() == e.getWindowSize() == (0, 0) and len(e.getMousePos()) == 2
     assert not (e.isRunning() or e.isFullscreen() or e.isMouseCaptured() or e.isMouseButtonPressed(1))
-other.init("again", (32, 16)), helpers.plugIn(1, 1), other.update()
-assert other.getWindowSize() == (32, 16) and len(other.joysticks) == 2
+other.init("again", (32, 16)), other.update()
+assert other.getWindowSize() == (32, 16) and helpers.sdl.SDL_WasInit(0x200)  # 0x200: the joysticks
 engine.quit(), engine.quit()
 """)
     assert (result.returncode, result.stderr) == (0, "")

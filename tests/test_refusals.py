@@ -16,7 +16,8 @@ REFUSALS = [
     (TypeError, "an integer is required, not str", "engine.isKeyPressed('a')"),
     (TypeError, "__int__ returned non-int (type str)",
      "engine.isKeyPressed(type('', (), dict(__int__=lambda self: ''))())"),
-    (OverflowError, "value too large to convert to int", "engine.isKeyPressed(2 ** 31)"),
+    (OverflowError, "value too large to convert to int",
+     "engine.isKeyPressed(2 ** 31)", "engine.isKeyPressed(type('', (), dict(__index__=lambda self: 2 ** 31))())"),
     (OverflowError, "value too small to convert to int", "engine.isKeyPressed(-2 ** 31 - 1)"),
     (OverflowError, "too large to convert to float", "v.scale(10 ** 400)"),
     (OverflowError, "can't convert negative value to uint32_t", "z.SpriteComponent(None, False, 0, 1, -1)"),
@@ -25,6 +26,7 @@ REFUSALS = [
     (ValueError, "the percent of a slider must not be NaN", "slider.percent = NAN"),
     (ValueError, "must not be negative, got -1 by 5", "z.Texture(-1, 5)"),
     (ZeroDivisionError, "float division", "engine.run(0)", "v.angleTo(z.Vector2(0, 0))"),
+    (ZeroDivisionError, "division by zero", "engine._eventSubscribers[int] = (1 / 0 for _ in 'a'); engine.fireEvent(3)"),
     (ZeroDivisionError, "at least one column and one row", "z.Sprite(texture, 0, 1, [])"),
     # Text
     (ValueError, "embedded null", "engine.setWindowTitle('a\\0b')", "z.Texture('a\\0b')", "z.Music('a\\0b')"),
