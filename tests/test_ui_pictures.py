@@ -151,6 +151,7 @@ def test_random_trees(ui, seed):
         for w in made:
             sketch = Sketch()
             draw(sketch, w, clip, mouse)
+            ui.pixels[:] = 0  # shows through where a clip was left behind
             ui.target.fill((0x20, 0x40, 0x60))
             w.render(*clip)
             assert (ui.pixels == sketch.pixels).all(), (w, clip)
