@@ -32,9 +32,9 @@ def test_a_drag_from_press_to_release(ui):
     for x, y, inside in [(5, 8, False), (6, 6, False), (6, 7, True), (24, 15, True), (25, 8, False), (6, 16, False)]:
         ui.frame(x, y)
         assert widget.isHovered is widget.isInside(x, y) is inside
-    for *place, pressed in (100, 100, 1), (10, 10, 1), (150, -7, 1), (8, 12, 1), (99, 98, 0), (99, 98, 0):
+    for *place, pressed in (100, 100, 1), (10, 11, 1), (150, -7, 1), (8, 12, 1), (99, 98, 0), (99, 98, 0):
         ui.frame(*place, pressed=pressed)  # it is enough that the button is held
-    assert calls == [("start", 10, 10), ("drag", 10, 10, 0, 0), ("drag", 150, -7, 140, -17), ("drag", 8, 12, -2, 2),
+    assert calls == [("start", 10, 11), ("drag", 10, 11, 0, 0), ("drag", 150, -7, 140, -18), ("drag", 8, 12, -2, 1),
                      ("end", 99, 98)]
 
 

@@ -162,7 +162,7 @@ def check_hostile_numbers(ui, made, r):
     """Whatever comes of them fits into 32 bits."""
     low, high, ui.renderer.widget = -2 ** 31, 2 ** 31 - 1, ui.root
     wild = lambda count: r.choices((low, high, -3, 0, 7), k=count)
-    extremes = [UISlider(high, low, high), UIImage(None, high, high)]
+    extremes = [UISlider(high, low, high), UIImage(None, high, high), UIImage(Texture(7, 2 ** 16))]
     ui.theme.widgets["button"]["normal"].update(zip(("x", "y", "left", "right", "height"), wild(5)))
     for w in [made[-1]] + extremes:
         ui.add(w, *wild(4))
