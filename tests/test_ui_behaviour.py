@@ -1,6 +1,5 @@
 """Answers to the mouse, scripts that override widgets, and misuse."""
 import functools
-import random
 
 import pytest
 from zelvarine import (MOUSE_LEFT, ButtonClickEvent, EngineException, MouseClickEvent, MouseWheelEvent,
@@ -33,9 +32,9 @@ def test_a_drag_from_press_to_release(ui):
     for x, y, inside in [(5, 8, False), (6, 6, False), (6, 7, True), (24, 15, True), (25, 8, False), (6, 16, False)]:
         ui.frame(x, y)
         assert widget.isHovered is widget.isInside(x, y) is inside
-    for x, y, *pressed in (100, 100, 1), (10, 10, 1), (150, -7, 1), (8, 12, 1), (99, 98), (99, 98):
-        ui.frame(x, y, bool(pressed))  # it is enough that the button is held
-    assert calls == [("start", 10, 10), ("drag", 10, 10, 0, 0), ("drag", 150, -7, 140, -17), ("drag", 8, 12, -2, 2),
+    for *place, pressed in (100, 100, 1), (10, 11, 1), (150, -7, 1), (8, 12, 1), (99, 98, 0), (99, 98, 0):
+        ui.frame(*place, pressed=pressed)  # it is enough that the button is held
+    assert calls == [("start", 10, 11), ("drag", 10, 11, 0, 0), ("drag", 150, -7, 140, -18), ("drag", 8, 12, -2, 1),
                      ("end", 99, 98)]
 
 
@@ -121,7 +120,7 @@ def test_the_knob_follows_the_mouse(ui, size, start, along, knob):
         frame(place)
         assert slider.value == max(0, min(1000, int((place - start - knob / 2) / along * 1000)))  # its centre is there
     frame(start, False)
-    frame(start + 50, False)
+    frame(start + 50)  # the next press is beside it again
     assert slider.value == int((40 - knob / 2) / along * 1000)
 
 
@@ -195,11 +194,10 @@ add = lambda w, child: w.addChild(child)
     (lambda: UIScrollPanel(UIWidget()), lambda w, child: setattr(w, "content", child))])
 def test_children_that_refuse(ui, make, add):
     class Refusing(UIWidget):
-        def _setParent(self, parent):
-            raise LookupError
+        _setParent = lambda self, parent: {}[parent]
 
     w = make()
-    for child, error, stays in [(Refusing(), LookupError, True), (None, AttributeError, False),
+    for child, error, stays in [(Refusing(), KeyError, True), (None, AttributeError, False),
                                 ("child", TypeError, False), (w, RecursionError, True)]:
         pytest.raises(error, add, w, child)
         assert (child in w.getChildren()) == stays
@@ -246,20 +244,3 @@ def test_failures_of_theme_clip_and_texture(ui):
     assert "TypeError" in reports.getvalue() and (ui.pixels == 0xFF000000).all()
     ui.theme.widgets["button"]["normal"]["middle"] = 0
     pytest.raises(ZeroDivisionError, button.render)
-
-
-@pytest.mark.parametrize("seed", range(30))
-def test_hostile_numbers_stay_in_32_bits(ui, seed):
-    low, high, r = -2 ** 31, 2 ** 31 - 1, random.Random(seed)
-    wild = lambda count: r.choices((low, high, -3, 0, 7), k=count)
-    widgets = [UISlider(high, low, high), UIScrollPanel(UIImage(None, high, high)), UIButton("x"), UIPanel(),
-               UIImage(Texture(7, 2 ** 16)), UIText("x")]
-    ui.theme.widgets["button"]["normal"].update(zip(("x", "y", "left", "right", "height"), wild(5)))
-    for w in widgets:
-        ui.root.addChild(w, *wild(2), anchorTypeX=4, anchorTypeY=1)
-        w.width, w.height, w._x, w._y = wild(4)
-        w.setMargin(*wild(4))
-        w.update(*wild(2), True)
-        for clip in wild(4), (high,) * 4, (2 ** 40, 0, 2 ** 62, 9), (0, 0, 160, 120):
-            w.render(*clip)
-        ui.frame(*wild(2), pressed=True)

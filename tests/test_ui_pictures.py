@@ -8,7 +8,7 @@ from zelvarine import (ANCHOR_BOTTOM, ANCHOR_CENTER, ANCHOR_RIGHT, SIZE_FIXED, S
                        UISlider, UIText, UIWidget)
 
 import helpers
-from ui_reference import BACKGROUND, FONT_COLOR, WIDGETS, FlatFont, Sketch, Surface, ui
+from ui_reference import BACKGROUND, FONT_COLOR, WIDGETS, FlatFont, Rect, Sketch, Surface, ui
 
 NO_CLIP = (-1,) * 4
 SLIDER, SCROLL_BAR = (3 + 2 + 7 + 7 + 9 + 10, 10), (9, 3 + 2 + 8 + 8 + 6 + 12)  # their sizes
@@ -100,11 +100,10 @@ def draw_slider(sketch, w, mouse):
 
 def draw(sketch, w, clip, mouse):
     """What a widget draws where it stands, told to SDL."""
-    x, y, kind, left, top, right, bottom = w._x, w._y, type(w), w._x, w._y, w._x + w.width, w._y + w.height
+    x, y, kind, seen = w._x, w._y, type(w), Rect(w._x, w._y, w.width, w.height)
     if min(clip) >= 0:
-        left, top = max(left, clip[0]), max(top, clip[1])
-        right, bottom = min(right, clip[0] + clip[2]), min(bottom, clip[1] + clip[3])
-    seen, inner = (left, top, right - left, bottom - top), (left + 4, top + 1, right - left - 6, bottom - top - 4)
+        helpers.sdl.SDL_IntersectRect(seen, Rect(*clip), seen)
+    inner = seen[0] + 4, seen[1] + 1, seen[2] - 4 - 2, seen[3] - 1 - 3
     if kind in (UIWidget, UIListContainer, UIAnchoredContainer):
         return [draw(sketch, child, clip, mouse) for child in children(w)]
     if min((inner if kind is UIScrollPanel else seen)[2:]) <= 0:
@@ -134,7 +133,7 @@ def draw(sketch, w, clip, mouse):
 
 
 @pytest.mark.filterwarnings("ignore:.*_getPercent")  # of scroll bars with nothing to scroll
-@pytest.mark.parametrize("seed", range(40))
+@pytest.mark.parametrize("seed", range(60))
 def test_random_trees(ui, seed):
     r, made = random.Random(seed), []
     root, mouse = random_widget(r, seed % 4, made), (r.randint(0, 60), r.randint(0, 40))
@@ -152,9 +151,28 @@ def test_random_trees(ui, seed):
         for w in made:
             sketch = Sketch()
             draw(sketch, w, clip, mouse)
+            ui.pixels[:] = 0  # shows through where a clip was left behind
             ui.target.fill((0x20, 0x40, 0x60))
             w.render(*clip)
             assert (ui.pixels == sketch.pixels).all(), (w, clip)
+    check_hostile_numbers(ui, made, r)
+
+
+def check_hostile_numbers(ui, made, r):
+    """Whatever comes of them fits into 32 bits."""
+    low, high, ui.renderer.widget = -2 ** 31, 2 ** 31 - 1, ui.root
+    wild = lambda count: r.choices((low, high, -3, 0, 7), k=count)
+    extremes = [UISlider(high, low, high), UIImage(None, high, high), UIImage(Texture(7, 2 ** 16))]
+    ui.theme.widgets["button"]["normal"].update(zip(("x", "y", "left", "right", "height"), wild(5)))
+    for w in [made[-1]] + extremes:
+        ui.add(w, *wild(4))
+    for w in made + extremes:
+        w.width, w.height, w._x, w._y = wild(4)
+        w.setMargin(*wild(4))
+        w.update(*wild(2), True)
+        for clip in wild(4), (high,) * 4, (2 ** 40, 0, 2 ** 62, 9):
+            w.render(*clip)
+    ui.frame(*wild(2), pressed=True)
 
 
 @helpers.needsFont

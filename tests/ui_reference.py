@@ -81,7 +81,7 @@ class Stage(Engine):
 
     def frame(self, x=-9, y=-9, pressed=False):
         self.getMousePos = lambda: (x, y)
-        self.isMouseButtonPressed = lambda button: pressed and button == MOUSE_LEFT
+        self.isMouseButtonPressed = lambda button: bool(pressed) and button == MOUSE_LEFT
         self.renderer.render()
 
 
