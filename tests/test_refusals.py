@@ -30,8 +30,8 @@ REFUSALS = [
     # Text
     (ValueError, "embedded null", "engine.setWindowTitle('a\\0b')", "z.Texture('a\\0b')", "z.Music('a\\0b')"),
     (UnicodeEncodeError, "surrogates not allowed", "engine.setWindowTitle('\\ud800')"),
-    (TypeError, "expected str, got NoneType",
-     "engine.setWindowTitle(None)", "z.SpriteAnimation(None, 1, False, 1, 0, 1)"),
+    (TypeError, "expected str, got NoneType", "z.SpriteAnimation(None, 1, False, 1, 0, 1)"),
+    (AttributeError, "no attribute 'encode'", "engine.setWindowTitle(None)", "texture.saveFile(None)"),
     # Objects
     (TypeError, "expected zelvarine.Vector2, got NoneType", "v.set(None)", "z.Camera(v, None, 60, 0)"),
     (TypeError, "expected zelvarine.Vector2, got int", "v.angleTo(2)"),
