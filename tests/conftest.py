@@ -15,9 +15,10 @@ import zelvarine
 
 @pytest.fixture(autouse=True)
 def freshRegistries():
-    """Takes out of the Engine class, and out of SDL's queue, what a test left there."""
+    """Takes out of the Engine class, and out of SDL, what a test left there."""
     helpers.flushEvents()
     yield
+    helpers.unplugAll()
     for timer in zelvarine.Engine._timers:
         timer.cancel()
     for registry in ("_eventSubscribers", "_tasks", "_timers", "_joysticks"):

@@ -14,9 +14,8 @@ import zelvarine
 # Looked up through the module: this is the very SDL that it runs on.
 sdl = ctypes.CDLL(zelvarine.__file__)
 sdl.SDL_GetKeyboardState.restype = ctypes.POINTER(ctypes.c_uint8)
-sdl.SDL_GetKeyName.restype = sdl.SDL_GetWindowTitle.restype = ctypes.c_char_p
-for function in ("SDL_JoystickFromInstanceID", "SDL_GetWindowFromID"):
-    getattr(sdl, function).restype = ctypes.c_void_p
+sdl.SDL_GetWindowTitle.restype = ctypes.c_char_p
+sdl.SDL_JoystickFromInstanceID.restype = sdl.SDL_GetWindowFromID.restype = ctypes.c_void_p
 
 DEJAVU = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
 needsFont = pytest.mark.skipif(not os.path.exists(DEJAVU), reason="needs Debian's package fonts-dejavu-core")
@@ -70,35 +69,23 @@ def unraisableReports():
         yield reports
 
 
-class VirtualJoystick:
-    """A device that exists in SDL alone; a context manager that unplugs it at the end."""
+def plugIn(axes, buttons):
+    """A joystick that exists in SDL alone, until unplugAll(); returns what SDL knows it by."""
+    index = sdl.SDL_JoystickAttachVirtual(1, axes, buttons, 0)  # 1: a game controller
+    assert index >= 0
+    return sdl.SDL_JoystickGetDeviceInstanceID(index)
 
-    def __init__(self, axes, buttons):
-        gameController = 1
-        index = sdl.SDL_JoystickAttachVirtual(gameController, axes, buttons, 0)
-        assert index >= 0
-        self._id = sdl.SDL_JoystickGetDeviceInstanceID(index)
 
-    def __enter__(self):
-        return self
+def unplugAll():
+    for index in reversed(range(sdl.SDL_NumJoysticks())):
+        sdl.SDL_JoystickDetachVirtual(index)
 
-    def __exit__(self, *error):
-        self.unplug()
 
-    def _device(self):
-        """The device as the engine opened it."""
-        return ctypes.c_void_p(sdl.SDL_JoystickFromInstanceID(self._id))
-
-    def setAxis(self, axis, value):
-        assert sdl.SDL_JoystickSetVirtualAxis(self._device(), axis, ctypes.c_int16(value)) == 0
-
-    def setButton(self, button, pressed):
-        assert sdl.SDL_JoystickSetVirtualButton(self._device(), button, ctypes.c_uint8(pressed)) == 0
-
-    def unplug(self):
-        for index in range(sdl.SDL_NumJoysticks()):
-            if sdl.SDL_JoystickGetDeviceInstanceID(index) == self._id:
-                sdl.SDL_JoystickDetachVirtual(index)
+def addSystem(engine, function):
+    """Has a function called in the system step of every frame."""
+    system = type("System", (zelvarine.AbstractSystem,), {})()
+    system.update = function
+    engine.ecs.addSystem(system)
 
 
 def runScript(code, timeout=60, **environment):

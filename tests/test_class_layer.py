@@ -41,9 +41,7 @@ def test_a_class_outlives_its_instances_and_no_more(cls):
     own, failures = type("Own", (cls,), {}), 0
     before = sys.getrefcount(own)
     for start in range(12):
-        own.__new__(own), cls.__new__(cls)
-        with pytest.raises(TypeError):
-            own("surplus")
+        own.__new__(own)
         memory.set_nomemory(start, start + 1)
         try:
             own.__new__(own)
@@ -60,14 +58,9 @@ def test_a_class_outlives_its_instances_and_no_more(cls):
     "system.update = engine.ecs.update; engine.ecs.addSystem(system); engine.ecs.update(1)",
 ])
 def test_endless_recursion_of_native_code(recursion):
-    result = helpers.runScript("""
-import zelvarine as z
-engine, system = z.Engine(), type("Own", (z.AbstractSystem,), {})()
-try:
-    %s
-except RecursionError:
-    print("ended")""" % recursion)
-    assert (result.returncode, result.stdout) == (0, "ended\n"), result.stderr
+    result = helpers.runScript("import zelvarine as z\nengine = z.Engine()\n"
+                               "system = type('Own', (z.AbstractSystem,), {})()\n" + recursion)
+    assert result.returncode == 1 and "RecursionError" in result.stderr, result.stderr[-2000:]
 
 
 def test_constructors_fill_all_fields_anew():
@@ -77,15 +70,20 @@ def test_constructors_fill_all_fields_anew():
     assert (event.isAlreadyHandled, event.target, event.x, event.y, event.button) == (False, None, 4, -5, 1)
 
 
-def test_documentation():
-    assert str(inspect.signature(z.Engine.fireEvent)) == "(self, /, evt, evtType=None)"
-    assert str(inspect.signature(z.Camera)) == "(pos, dir, fov, pitch, ratio=1.6)"
-    assert z.Vector2.angleTo.__doc__.endswith("\n@param(other, Vector2)\n@return(float)")
-    assert z.Engine.quit.__doc__.startswith("After calling quit, no more update or render calls are possible.")
-    for cls, (name, member) in ((cls, item) for cls in CLASSES for item in vars(cls).items()):
-        if inspect.isroutine(member) and not name.startswith("__"):
-            parameters = [p.name for p in inspect.signature(member).parameters.values() if p.kind != p.VAR_POSITIONAL]
-            lines = [line.split("(")[1].split("=")[0].split(",")[0] for line in member.__doc__.split("\n") if line.startswith("@param")]
-            assert parameters[1:] == lines, (cls, name)
-    assert z.AbstractSystem.getEcs.__doc__.endswith("@return(Ecs or None)")
-    assert z.UIWidget.getParent.__doc__.endswith("@return(AbstractUIContainer or None)")
+@pytest.mark.parametrize("member, signature, end", [
+    (z.Camera, "(pos, dir, fov, pitch, ratio=1.6)", ""),
+    (z.Engine.init, "(self, /, title, size, fullscreen=False, show=True, resizeable=False, windowid=-1, icon=None, "
+     "captureMouse=False, audioChannels=32, killWithEscapeKey=True)", "\n@param(killWithEscapeKey=True, bool)"),
+    (z.UIWidget.setMargin, "(self, /, *args)", ""),
+    (z.UIWidget.getParent, "(self, /)", "\n@return(AbstractUIContainer or None)"),
+])
+def test_documentation(member, signature, end):
+    assert str(inspect.signature(member)) == signature
+    assert member.__doc__.endswith(end), member.__doc__
+
+
+def test_vectors_of_references_are_seen_by_the_collector():
+    container = z.UIAnchoredContainer()
+    container.addChild(z.UIWidget(), 0, 0)
+    for holder, held in (container, z._UIAnchorWrapper), (z.Level(), z.Texture):
+        assert held in map(type, gc.get_referents(holder))

@@ -3,14 +3,13 @@ import ctypes
 import json
 
 import numpy
-import zelvarine
-from zelvarine import Texture, UIRenderer, UITheme
+import pytest
+from zelvarine import MOUSE_LEFT, SIZE_FIXED, Engine, Texture, UIRenderer, UITheme
 
 from helpers import sdl
 
 BACKGROUND, FONT_COLOR = 0xFF204060, (10, 20, 30, 255)
 TILES = numpy.random.RandomState(1).randint(0, 1 << 24, (60, 60)).astype("uint32") | 0xFF000000
-
 
 WIDGETS = {
     "button": {look: {"x": 2, "y": y, "left": 4, "middle": 8, "right": 5, "height": 20}
@@ -56,39 +55,53 @@ class FlatFont:
 
 
 class FlatTheme(UITheme):
-    def getFont(self, name):
-        return {"aileron": FlatFont()}[name]
+    getFont = lambda self, name: {"aileron": FlatFont()}[name]
 
 
-class Player(zelvarine.Engine):
-    """An engine without a window; being a class of Python, it takes what a test puts on it."""
+def sized(widget, width=20, height=10):
+    widget.sizePolicyX = widget.sizePolicyY = SIZE_FIXED
+    widget.width, widget.height = width, height
+    return widget
 
 
-class Stage:
-    """A renderer on a target of 160 by 120, with an anchored root."""
+class Stage(Engine):
+    """An engine without a window, and a renderer on a target of 160 by 120 with an anchored root."""
 
     def __init__(self, folder):
-        self.theme_file, self.target, self.engine = write_theme(folder), Texture(160, 120), Player()
-        self.renderer = UIRenderer(self.target, True, FlatTheme(self.theme_file))
-        self.engine.ecs.addSystem(self.renderer)
-        self.root, self.pixels = self.renderer.widget, numpy.asarray(self.target)
+        super().__init__()
+        self.target = Texture(160, 120)
+        self.renderer = UIRenderer(self.target, True, FlatTheme(write_theme(folder)))
+        self.ecs.addSystem(self.renderer)
+        self.root, self.theme, self.pixels = self.renderer.widget, self.renderer.theme, numpy.asarray(self.target)
+
+    def add(self, widget, x=0, y=0, *size):
+        """Puts a widget into the root, of a fixed size, and gives it."""
+        self.root.addChild(sized(widget, *size), x, y)
+        return widget
 
     def frame(self, x=-9, y=-9, pressed=False):
-        self.engine.getMousePos = lambda: (x, y)
-        self.engine.isMouseButtonPressed = lambda button: pressed and button == zelvarine.MOUSE_LEFT
+        self.getMousePos = lambda: (x, y)
+        self.isMouseButtonPressed = lambda button: bool(pressed) and button == MOUSE_LEFT
         self.renderer.render()
+
+
+@pytest.fixture
+def ui(tmp_path):
+    return Stage(tmp_path)
+
+
+Rect = ctypes.c_int * 4
+sdl.SDL_CreateRGBSurfaceWithFormatFrom.restype = ctypes.c_void_p
 
 
 class Surface:
     """An SDL surface on the pixels of an array or of a texture."""
 
     def __init__(self, pixels, alpha=255):
-        self.pixels = numpy.ascontiguousarray(pixels)
-        (height, width), masks = self.pixels.shape, [0xFF0000, 0xFF00, 0xFF, 0xFF000000]
-        create = sdl.SDL_CreateRGBSurfaceFrom
-        create.restype = ctypes.c_void_p
-        self.handle = ctypes.c_void_p(create(ctypes.c_void_p(self.pixels.ctypes.data), width, height, 32, 4 * width,
-                                             *map(ctypes.c_uint32, masks)))
+        self.pixels, argb = numpy.ascontiguousarray(pixels), 0x16362004
+        (height, width), start = self.pixels.shape, ctypes.c_void_p(self.pixels.ctypes.data)
+        surface = sdl.SDL_CreateRGBSurfaceWithFormatFrom(start, width, height, 32, 4 * width, argb)
+        self.handle = ctypes.c_void_p(surface)
         sdl.SDL_SetSurfaceAlphaMod(self.handle, ctypes.c_uint8(alpha))
 
     def __del__(self):
@@ -103,28 +116,25 @@ class Sketch(Surface):
         super().__init__(numpy.full((120, 160), BACKGROUND, "uint32"))
 
     def clip(self, *rect):
-        sdl.SDL_SetClipRect(self.handle, (ctypes.c_int * 4)(*rect) if rect else None)
+        sdl.SDL_SetClipRect(self.handle, Rect(*rect) if rect else None)
 
-    def blit(self, part, place, source=tiles, stretch=False):
+    def blit(self, part, place, source=tiles):
         """Blits one rectangle onto another, as plain lists of x, y, w and h."""
-        draw = sdl.SDL_UpperBlitScaled if stretch else sdl.SDL_UpperBlit
-        draw(source.handle, (ctypes.c_int * 4)(*part), self.handle, (ctypes.c_int * 4)(*place))
-
-    def piece(self, table, x, y):
-        self.blit([table[key] for key in ("x", "y", "width", "height")], (x, y, 0, 0))
+        sdl.SDL_UpperBlitScaled(source.handle, Rect(*part), self.handle, Rect(*place))
 
     def grid(self, table, x, y, columns, rows):
-        """Blits pieces side by side. A span tells where and how long they are in the tiles, then where and how long here."""
+        """Blits pieces. Spans tell where and how long they are in the tiles, then where and how long here."""
         for top, tall, down, height in rows:
             for left, wide, across, width in columns:
-                self.blit((table["x"] + left, table["y"] + top, wide, tall), (x + across, y + down, width, height),
-                          stretch=(wide, tall) != (width, height))
+                self.blit((table["x"] + left, table["y"] + top, wide, tall), (x + across, y + down, width, height))
 
-    def horizontal_bar(self, table, x, y, length):
-        self.grid(table, x, y, tiled(table["left"], table["middle"], table["right"], length), whole(table["height"]))
+    def piece(self, table, x, y):
+        self.grid(table, x, y, whole(table["width"]), whole(table["height"]))
 
-    def vertical_bar(self, table, x, y, length):
-        self.grid(table, x, y, whole(table["width"]), tiled(table["top"], table["middle"], table["bottom"], length))
+    def bar(self, table, x, y, length, vertical=False):
+        along, across = [(("left", "middle", "right"), "height"), (("top", "middle", "bottom"), "width")][vertical]
+        spans = tiled(*[table[name] for name in along], length), whole(table[across])
+        self.grid(table, x, y, *spans[::-1] if vertical else spans)
 
     def panel(self, x, y, width, height):
         table = WIDGETS["panel"]

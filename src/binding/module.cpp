@@ -4,7 +4,8 @@ namespace zv {
 
 Module& Module::source(const char* code) {
     PyObject* names = PyModule_GetDict(object);
-    checked(PyDict_SetItemString(names, "__builtins__", PyEval_GetBuiltins()));  // Python adds them itself from 3.10 on
+    Ref<> builtins = Ref<>::steal(PyImport_ImportModule("builtins"));
+    checked(PyDict_SetItemString(names, "__builtins__", builtins.raw()));  // Python adds them only from 3.10 on
     PyObject* result = PyRun_String(code, Py_file_input, names, names);
     if (!result && !PyErr_Occurred()) PyErr_NoMemory();  // the parser does not always say so
     Ref<>::steal(result);

@@ -59,9 +59,9 @@ void MovementSystem::moveEntity(PyObject* entity, double timeStep, BodyCache& ca
     Ref<VelocityComponent> velocity = componentOf<VelocityComponent>(entity);
     Ref<CollisionComponent> collision = componentOf<CollisionComponent>(entity);
     if (!isNative(entity) || !cache.areNative()) cache.forget();
-    Vector2 &impulse = *velocity->impulse, &steady = *velocity->velocity;
+    Vector2& impulse = *velocity->impulse;
     brake(impulse, timeStep * std::fabs(velocity->friction));
-    Point movement = (steady.point() + impulse.point()) * timeStep;
+    Point movement = (velocity->velocity->point() + impulse.point()) * timeStep;
     if (collision) return moveWithCollisionDetection(entity, *position, *collision, movement, cache);
     Ref<Vector2> pos = position->pos;
     call<&Vector2::add>(*pos, *makeVector(movement));

@@ -33,7 +33,7 @@ void UITheme::init(PyObject* filename) {
     forEach(colorEntries.raw(), [&](PyObject* name) {
         Ref<> word = call<&UITheme::convertHex>(*this, item(colorEntries.raw(), name).raw());
         setItem(intColors.raw(), name, word);
-        setItem(colors.raw(), name, call<&UITheme::convertColor>(*this, word.raw()));
+        setItem(colors.raw(), name, callByName(self(), "__convertColor"_name, word));
     });
 }
 

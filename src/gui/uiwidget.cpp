@@ -9,7 +9,7 @@ void UIWidget::setRenderer(const Ref<UIRenderer>& newRenderer) { renderer = newR
 
 void UIWidget::setParent(Ref<AbstractUIContainer> newParent) {
     Ref<UIWidget> container = Ref<UIWidget>::borrow(newParent.raw());
-    if (container) setRenderer(container->renderer);
+    if (container) setRenderer(Ref<UIRenderer>(container->renderer));
     parent = std::move(container);
 }
 
@@ -116,8 +116,14 @@ bool UIWidget::isInside(PyObject* mouseX, PyObject* mouseY) {
     return Convert<bool>::from(callByName(self(), "_pointInRect"_name, mouseX, mouseY, x, y, width, height).raw());
 }
 
-bool UIWidget::pointInRect(double pointX, double pointY, double rectX, double rectY, double rectW, double rectH) {
-    return pointX > rectX && pointX < rectX + rectW && pointY > rectY && pointY < rectY + rectH;
+// Python's own numbers, of any kind and size.
+bool UIWidget::pointInRect(
+    PyObject* pointX, PyObject* pointY, PyObject* rectX, PyObject* rectY, PyObject* rectW, PyObject* rectH) {
+    auto isInside = [](PyObject* point, PyObject* start, PyObject* length) {
+        if (!compare(point, Py_GT, start)) return false;
+        return compare(point, Py_LT, Ref<>::steal(PyNumber_Add(start, length)).raw());
+    };
+    return isInside(pointX, rectX, rectW) && isInside(pointY, rectY, rectH);
 }
 
 void declareUIWidget(Module& module) {
@@ -154,7 +160,8 @@ void declareUIWidget(Module& module) {
         .method<&UIWidget::isInside>("isInside", {{"mouseX", Required{}, "float"}, {"mouseY", Required{}, "float"}},
             "Returns true if the given coordinates are inside the widget. Its edges are outside.")
         .method<&UIWidget::pointInRect>("_pointInRect",
-            {{"pointX"}, {"pointY"}, {"rectX"}, {"rectY"}, {"rectW"}, {"rectH"}},
+            {{"pointX", Required{}, "float"}, {"pointY", Required{}, "float"}, {"rectX", Required{}, "float"},
+                {"rectY", Required{}, "float"}, {"rectW", Required{}, "float"}, {"rectH", Required{}, "float"}},
             "Whether a point is inside a rectangle. The edges are outside.")
         .property<&UIWidget::sizePolicyX>(
             "sizePolicyX", "where the width comes from: SIZE_AUTO, SIZE_FIXED or SIZE_GROW")

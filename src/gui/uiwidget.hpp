@@ -69,7 +69,8 @@ struct UIWidget : Object {
     void onDrag(int, int, int, int) {}
     void onDragEnd(int, int) {}
     bool isInside(PyObject* mouseX, PyObject* mouseY);
-    bool pointInRect(double pointX, double pointY, double rectX, double rectY, double rectW, double rectH);
+    bool pointInRect(
+        PyObject* pointX, PyObject* pointY, PyObject* rectX, PyObject* rectY, PyObject* rectW, PyObject* rectH);
 
     SDL_Rect rect() const { return {x, y, width, height}; }
     // Asks isInside() of a script's subclass as well.

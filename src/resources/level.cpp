@@ -28,8 +28,7 @@ void Level::init(Ref<> filename, Ref<> newAssetsPath) {
         initializeEmpty(30, 30);
     } else {
         if (!assetsPath)
-            assetsPath = Convert<Ref<Str>>::from(
-                callByName(Module::global("_ospath"_name).raw(), "dirname"_name, filename).raw());
+            assetsPath = Convert<Ref<Str>>::from(callByName(osPath().raw(), "dirname"_name, filename).raw());
         call<&Level::loadFromFile>(*this, Convert<Ref<Str>>::from(filename.raw()));
     }
 }

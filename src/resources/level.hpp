@@ -78,6 +78,9 @@ private:
     void printMap(int columnModulus) const;
 };
 
+// The module os.path, by the name that it has here.
+inline Ref<> osPath() { return getAttribute(Module::global("os"_name).raw(), "path"_name); }
+
 void declareLevel(Module&);
 
 }  // namespace zv

@@ -107,30 +107,33 @@ void Music::awaitFadeOutOfOther() const {
 static int fadeTime(int milliseconds) { return std::clamp(milliseconds, 0, 30 * 60 * 1000); }
 static double position(double seconds) { return seconds > 0 ? std::min(seconds, 1e6) : 0.0; }
 
-bool Music::start(int times, int milliseconds, double pos) {
+// Unlike for sounds, SDL_mixer counts the first playback of music too.
+static int playbacks(int times) { return times > 0 ? times : -1; }
+
+bool Music::isReady() {
     if (!music) return false;
     awaitFadeOutOfOther();
     lastStarted = music.get();
-    int playbacks = times > 0 ? times : -1;  // unlike for sounds, SDL_mixer counts the first one too
-    return Mix_FadeInMusicPos(music.get(), playbacks, fadeTime(milliseconds), position(pos)) >= 0;
+    return true;
 }
 
-void Music::startOrRaise(int times) {
-    if (!start(times, 0, 0.0)) raiseEngine("Unable to play music!");
+void Music::loop(int times) {
+    if (!isReady() || Mix_PlayMusic(music.get(), playbacks(times)) < 0) raiseEngine("Unable to play music!");
 }
 
 void Music::play(PyObject* pos) {
-    startOrRaise(1);
+    loop(1);
     if (pos && pos != Py_None) Mix_SetMusicPosition(position(Convert<double>::from(pos)));
 }
 
-void Music::loop(int times) { startOrRaise(times); }
 void Music::stop() { Mix_HaltMusic(); }
 void Music::pause() { Mix_PauseMusic(); }
 void Music::resume() { Mix_ResumeMusic(); }
 void Music::fadeOut(int milliseconds) { Mix_FadeOutMusic(fadeTime(milliseconds)); }
 void Music::fadeIn(int milliseconds, double pos) { call<&Music::fadeInLoop>(*this, milliseconds, 1, pos); }
-void Music::fadeInLoop(int milliseconds, int times, double pos) { start(times, milliseconds, pos); }
+void Music::fadeInLoop(int milliseconds, int times, double pos) {
+    if (isReady()) Mix_FadeInMusicPos(music.get(), playbacks(times), fadeTime(milliseconds), position(pos));
+}
 
 void declareSound(Module& module) {
     Class<SoundHandle>("zelvarine.SoundHandle",

@@ -51,8 +51,7 @@ private:
     std::unique_ptr<Mix_Music, MusicRelease> music;
 
     void awaitFadeOutOfOther() const;
-    bool start(int times, int milliseconds, double pos);
-    void startOrRaise(int times);
+    bool isReady();
 };
 
 struct MusicStoppedEvent : Event {};

@@ -98,7 +98,7 @@ void Texture::fillChecker() {
 
 void Texture::copyFrom(const Texture& other) { SDL_UpperBlit(other.surface(), nullptr, surface(), nullptr); }
 
-void Texture::saveFile(const char* filename) { IMG_SavePNG(surface(), filename); }
+void Texture::saveFile(Ref<Str> filename) { IMG_SavePNG(surface(), Utf8(filename.orNone())); }
 
 // The buffer is the pixels themselves; the exporter, and with it the surface, lives as long as the view.
 static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
@@ -151,7 +151,7 @@ void declareTexture(Module& module) {
         .method<&Texture::copyFrom>("copyFrom", {{"other"}},
             "Blits the whole of `other` with its top left corner onto this one's: opaque pixels overwrite,\n"
             "translucent ones blend.")
-        .method<&Texture::saveFile>("saveFile", {{"filename"}},
+        .method<&Texture::saveFile>("saveFile", {{"filename", Required{}, "str"}},
             "Writes the image as a PNG file; the name should end with '.png'. A failed write raises nothing.")
         .addTo(module.raw());
 }

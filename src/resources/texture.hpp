@@ -14,7 +14,7 @@ struct Texture : Resource {
     void fill(PyObject* color);
     void fillChecker();
     void copyFrom(const Texture& other);
-    void saveFile(const char* filename);
+    void saveFile(Ref<Str> filename);
 
     // The pixels; they stay where they are as long as the texture lives.
     Image image() const { return mutableImage(); }

@@ -1,5 +1,7 @@
 #include "sdl/imagefile.hpp"
 
+#include "sdl/giffile.hpp"
+
 #include <SDL_image.h>
 
 #include <algorithm>
@@ -18,16 +20,6 @@ namespace {
 struct MemoryRelease {
     void operator()(void* memory) const { SDL_free(memory); }
 };
-
-uint8_t byteAt(std::string_view file, size_t place) {
-    return place < file.size() ? static_cast<uint8_t>(file[place]) : uint8_t{0};
-}
-int32_t numberAt(std::string_view file, size_t place, bool bigEndian) {
-    uint32_t number = 0;
-    for (size_t i = 0; i < 4; i++) number = number << 8 | byteAt(file, place + (bigEndian ? i : 3 - i));
-    return static_cast<int32_t>(number);
-}
-int shortAt(std::string_view file, size_t place) { return byteAt(file, place) | byteAt(file, place + 1) << 8; }
 
 // Whether the chunks of a PNG file reach its end mark: libpng is not told that a file is over, and would go on
 // for ever with what it read last.
@@ -71,27 +63,6 @@ bool hasAllColors(std::string_view xpm) {
     return true;
 }
 
-// Whether a file can hold as many pixels as it claims, or claims few: SDL_image takes, and writes to, the memory for
-// all of them first.
-bool canHold(std::string_view file, int64_t width, int64_t height, uint64_t pixelsPerByte) {
-    constexpr uint64_t few = 1 << 24, most = INT_MAX / 4;
-    auto pixels = static_cast<uint64_t>(std::abs(width * height));
-    return pixels <= std::min(most, std::max(few, file.size() * pixelsPerByte));
-}
-
-// Whether a GIF file can hold its first picture, which comes behind extensions: each is a mark, a kind and blocks that
-// begin with their length, up to an empty one.
-bool canHoldFirstPicture(std::string_view gif) {
-    size_t place = 13;
-    if (byteAt(gif, 10) & 0x80) place += size_t{6} << (byteAt(gif, 10) & 7);  // the palette
-    for (; place < gif.size() && gif[place] != ','; place++) {
-        if (gif[place] != '!') continue;
-        for (place += 2; byteAt(gif, place); place += byteAt(gif, place) + size_t{1}) {}
-    }
-    return canHold(gif, shortAt(gif, 6), shortAt(gif, 8), 16384) &&
-        canHold(gif, shortAt(gif, place + 5), shortAt(gif, place + 7), 16384);
-}
-
 // Whether SDL_image comes to an end with the file, and with the memory that there is.
 bool isSafe(std::string_view file) {
     auto startsWith = [&](std::string_view mark) { return file.substr(0, mark.size()) == mark; };
@@ -100,7 +71,7 @@ bool isSafe(std::string_view file) {
     if (startsWith("BM") && byteAt(file, 14) != 12)  // the oldest kind of header counts in 16 bits
         return canHold(file, numberAt(file, 18, false), numberAt(file, 22, false), 256);
     if (startsWith("qoif")) return canHold(file, numberAt(file, 4, true), numberAt(file, 8, true), 64);
-    if (startsWith("GIF8")) return canHoldFirstPicture(file);
+    if (startsWith("GIF8")) return isSafeGif(file);
     if (startsWith("/* XPM */")) return hasAllColors(file);
     return true;
 }

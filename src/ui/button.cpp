@@ -26,7 +26,8 @@ void UIButton::calculateMinSize() {
     Ref<> normal = piece("button"_name, "normal"_name);
     int minHeight = 0;
     if (label) {
-        minHeight = std::max(numberIn(normal, "height"_name), label->height);
+        minHeight = numberIn(normal, "height"_name);  // a script's number may exchange the label
+        minHeight = std::max(minHeight, label->height);
         paddingTop = saturate((int64_t{height} - label->height) / 2);
     }
     int64_t sides = int64_t{numberIn(normal, "left"_name)} + numberIn(normal, "right"_name);

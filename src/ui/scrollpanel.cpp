@@ -66,12 +66,15 @@ void UIScrollPanel::calculatePos() {
 
 void UIScrollPanel::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
     AbstractUIContainer::update(mouseX, mouseY, isMouseLeftPressed);
-    Edges margin = edgesIn(piece("scrollPanel"_name, "sliderMargin"_name));
+    Ref<> margin = piece("scrollPanel"_name, "sliderMargin"_name);
+    auto at = [&](Name& edge) { return int64_t{numberIn(margin, edge)}; };
     Ref<UISlider> held = slider;
     UISlider& bar = *held;
-    bar.height = saturate(int64_t{height} - margin.top - margin.bottom);
-    bar.x = saturate(int64_t{x} + width - bar.width - margin.right);
-    bar.y = saturate(int64_t{y} + margin.top);
+    int64_t top = at("top"_name), bottom = at("bottom"_name);
+    bar.height = saturate(height - top - bottom);
+    int64_t right = at("right"_name);
+    bar.x = saturate(int64_t{x} + width - bar.width - right);
+    bar.y = saturate(y + at("top"_name));
     bar.maxValue = maxScrollY;
     bar.update(mouseX, mouseY, isMouseLeftPressed);
     scrollPosY = bar.value;

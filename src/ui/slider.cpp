@@ -44,7 +44,7 @@ float UISlider::getPercent() {
 
 void UISlider::setPercent(float percent) {
     float offset = percent * static_cast<float>(int64_t{maxValue} - minValue);
-    setAttribute(self(), "value"_name, toPython(saturate(int64_t{truncate(offset)} + minValue)).raw());
+    setAttribute(self(), "value"_name, toPython(saturate(truncateFar(offset) + minValue)).raw());
 }
 
 void UISlider::writePercent(double percent) {
@@ -62,15 +62,19 @@ UISlider::Track UISlider::track() {
 
 void UISlider::calculateMinSize() {
     if (!renderer) return;
-    const Axis &along = axis(), &across = along.other();
+    const Axis& along = axis();
     Ref<> background = piece("slider"_name, names().background);
-    if (this->*along.sizePolicy != SIZE_FIXED) {
-        auto lengthOf = [&](Name& name) { return int64_t{numberIn(normalPiece(name), along.lengthName)}; };
+    auto lengthOf = [&](Name& name) { return int64_t{numberIn(normalPiece(name), along.lengthName)}; };
+    for (const Axis* each : {&Axis::horizontal, &Axis::vertical}) {
+        if (this->*each->sizePolicy == SIZE_FIXED) continue;
+        if (each != &along) {
+            this->*each->size = numberIn(background, each->lengthName);
+            continue;
+        }
         int64_t caps = int64_t{numberIn(background, along.firstName)} + numberIn(background, along.lastName);
-        this->*along.size = saturate(
+        this->*each->size = saturate(
             caps + 2 * lengthOf(names().knob) + lengthOf(names().firstButton) + lengthOf(names().secondButton));
     }
-    if (this->*across.sizePolicy != SIZE_FIXED) this->*across.size = numberIn(background, across.lengthName);
 }
 
 void UISlider::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
@@ -83,10 +87,14 @@ void UISlider::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
     auto isOver = [&](const Ref<>& button, bool atEnd) {
         SDL_Rect r{x, y, numberIn(button, "width"_name), numberIn(button, "height"_name)};
         if (atEnd) r.*axis().start = saturate(axis().end(*this) - r.*axis().length);
-        return call<&UIWidget::pointInRect>(*this, mouseX, mouseY, r.x, r.y, r.w, r.h);
+        return isPointIn(r, mouseX, mouseY);
     };
     firstButtonHovered = isOver(first, false);
     secondButtonHovered = isOver(second, true);
+}
+
+bool UISlider::isPointIn(const SDL_Rect& r, int mouseX, int mouseY) {
+    return Convert<bool>::from(callByName(self(), "_pointInRect"_name, mouseX, mouseY, r.x, r.y, r.w, r.h).raw());
 }
 
 void UISlider::step(int by) {
@@ -103,10 +111,10 @@ bool UISlider::handleClick(MouseClickEvent* event) {
 void UISlider::onDragStart(int mouseX, int mouseY) {
     Track t = track();
     SDL_Rect knob = rect();
-    int64_t moved = truncate(static_cast<double>(getPercent()) * static_cast<double>(t.length));
+    int64_t moved = truncateFar(static_cast<double>(getPercent()) * static_cast<double>(t.length));
     knob.*axis().start = saturate(knob.*axis().start + t.first + moved);
     knob.*axis().length = t.knob;
-    if (call<&UIWidget::pointInRect>(*this, mouseX, mouseY, knob.x, knob.y, knob.w, knob.h)) isDragged = true;
+    if (isPointIn(knob, mouseX, mouseY)) isDragged = true;
 }
 
 // The knob's centre follows the mouse, wherever it was grabbed.
@@ -142,7 +150,7 @@ void UISlider::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeigh
 
     SDL_Rect knob = button(names().knob, false);
     Track t = track();
-    int64_t moved = truncate(getPercent() * static_cast<float>(t.length));
+    int64_t moved = truncateFar(getPercent() * static_cast<float>(t.length));
     blitAt(this->*along.position + t.first + moved, knob);
     canvas->uncut();
 }

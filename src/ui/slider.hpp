@@ -47,6 +47,7 @@ private:
     // A piece of the theme's slider, as it is when the mouse is not over it.
     Ref<> normalPiece(Name& name) const { return piece("slider"_name, name, "normal"_name); }
     int valueByName() const;
+    bool isPointIn(const SDL_Rect& r, int mouseX, int mouseY);
     void step(int by);
 };
 

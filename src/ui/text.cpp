@@ -72,8 +72,10 @@ Ref<Texture> UIText::rendered() {
     Ref<> shownColor = color;
     Ref<List> shownLines = lines;
     int64_t face = faceOf(used);
-    if (face == 0)
+    if (face == 0) {
+        size.face = picture.face = 0;  // a script's font gets hold of the lines, and may change them
         return Convert<Ref<Texture>>::from(callByName(used.raw(), "renderLines"_name, shownLines, shownColor).raw());
+    }
     SDL_Color channels = textColor(shownColor.orNone());
     SDL_Color& known = picture.color;
     if (face != picture.face || channels.r != known.r || channels.g != known.g || channels.b != known.b ||

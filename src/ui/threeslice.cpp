@@ -24,7 +24,7 @@ void blitThreeSlice(
     int middle = numberIn(table, "middle"_name), last = numberIn(table, along.lastName);
     if (middle == 0) raise(PyExc_ZeroDivisionError, "float division");
     int64_t room = int64_t{bar.*along.size} - first - last;
-    int64_t count = truncate(static_cast<double>(room) / middle);
+    int64_t count = truncateFar(static_cast<double>(room) / middle);
     if (middle > 0) {
         // Only the tiles that can be seen: a script may make a bar of 2 ** 31 tiles.
         int64_t low = canvas.open().*along.start, high = low + canvas.open().*along.length;

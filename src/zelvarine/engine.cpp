@@ -30,7 +30,7 @@ void Engine::init(Ref<Str> title, PyObject* size, PyObject* fullscreen, Ref<> sh
         SDL_SetRelativeMouseMode(SDL_TRUE);
         flags |= SDL_WINDOW_INPUT_GRABBED;
     }
-    bool opensWindow = equal(windowid.raw(), toPython(-1).raw());
+    bool opensWindow = !compare(windowid.raw(), Py_NE, toPython(-1).raw());
     close();  // a second init replaces the window
     if (opensWindow) openWindow(title, width, height, flags, icon);
     createRenderer(width, height);
@@ -176,14 +176,15 @@ void declareEngine(Module& module) {
         .method<&Engine::addTaskAfter>("addTaskAfter",
             {{"delaySeconds", Required{}, "number"}, {"task", Required{}, "callable"}, {"onDone", None{}}},
             "Adds a task after a delay, at once if that is not above 0. The end of `run` cancels what still waits.")
-        .method<&Engine::setWindowTitle>("setWindowTitle", {{"title"}}, "Changes the title of the window.")
+        .method<&Engine::setWindowTitle>(
+            "setWindowTitle", {{"title", Required{}, "str"}}, "Changes the title of the window.")
         .method<&Engine::getWindowPos>("getWindowPos", {}, "Position of the window on the desktop.")
         .method<&Engine::setWindowPos>("setWindowPos", {{"pos"}}, "Moves the window on the desktop.")
         .method<&Engine::getWindowSize>("getWindowSize", {}, "Width and height of the window.")
         .method<&Engine::setWindowSize>("setWindowSize", {{"size"}},
             "Changes width and height of the window. The picture keeps its size and is stretched. Nothing happens\n"
             "for a size outside of 1 to 16384.")
-        .method<&Engine::setWindowIcon>("setWindowIcon", {{"filename"}},
+        .method<&Engine::setWindowIcon>("setWindowIcon", {{"filename", Required{}, "str"}},
             "Takes the icon of the window from an image file; nothing happens if that cannot be loaded.")
         .method<&Engine::setFullscreen>(
             "setFullscreen", {{"fullscreen"}}, "Enters or leaves fullscreen; fires no event.")
@@ -191,7 +192,7 @@ void declareEngine(Module& module) {
         .method<&Engine::toggleFullscreen>("toggleFullscreen", {},
             "Enters fullscreen in the size of the desktop, or leaves it and restores position and size of the\n"
             "window. Fires a FullscreenEvent.")
-        .method<&Engine::saveScreenshot>("saveScreenshot", {{"filename"}},
+        .method<&Engine::saveScreenshot>("saveScreenshot", {{"filename", Required{}, "str"}},
             "Writes what the window shows, in the size of the window, as a PNG file, whatever its name; that\n"
             "should therefore end with \".png\". A failed write raises nothing.")
         .addTo(module.raw());

@@ -43,16 +43,16 @@ struct Engine : Object {
     void addTaskAfter(PyObject* delaySeconds, PyObject* task, PyObject* onDone);
 
     // Window
-    void setWindowTitle(const char* title);
+    void setWindowTitle(Ref<Str> title);
     std::tuple<int, int> getWindowPos() const;
     void setWindowPos(std::tuple<int, int> pos);
     std::tuple<int, int> getWindowSize() const;
     void setWindowSize(std::tuple<int, int> size);
-    void setWindowIcon(const char* filename);
+    void setWindowIcon(Ref<Str> filename);
     void setFullscreen(bool fullscreen);
     bool isFullscreen() const;
     void toggleFullscreen();
-    void saveScreenshot(const char* filename) const;
+    void saveScreenshot(Ref<Str> filename) const;
 
 private:
     bool running = false;

@@ -57,8 +57,9 @@ void Engine::present() {
     SDL_RenderPresent(renderer.get());
 }
 
-void Engine::setWindowTitle(const char* title) {
-    if (window) SDL_SetWindowTitle(window.get(), title);
+void Engine::setWindowTitle(Ref<Str> title) {
+    Utf8 text(title.orNone());
+    if (window) SDL_SetWindowTitle(window.get(), text);
 }
 
 std::tuple<int, int> Engine::getWindowPos() const {
@@ -83,9 +84,10 @@ void Engine::setWindowSize(std::tuple<int, int> size) {
     if (window && possible) SDL_SetWindowSize(window.get(), width, height);
 }
 
-void Engine::setWindowIcon(const char* filename) {
+void Engine::setWindowIcon(Ref<Str> filename) {
+    Utf8 path(filename.orNone());
     if (!window) return;
-    SurfaceHandle icon = loadImage(filename);
+    SurfaceHandle icon = loadImage(path);
     if (icon) SDL_SetWindowIcon(window.get(), icon.get());
 }
 
@@ -140,9 +142,10 @@ void Engine::addFullscreenTask() {
     callByName(self(), signatureOf<&Engine::addTask>.name, activateFullscreen);
 }
 
-void Engine::saveScreenshot(const char* filename) const {
+void Engine::saveScreenshot(Ref<Str> filename) const {
+    Utf8 path(filename.orNone());
     SDL_Surface* surface = window ? SDL_GetWindowSurface(window.get()) : nullptr;
-    if (surface) IMG_SavePNG(surface, filename);
+    if (surface) IMG_SavePNG(surface, path);
 }
 
 }  // namespace zv

@@ -12,19 +12,15 @@ static constexpr const char* dumpDoc =
 
 static Ref<Vector2> orElse(Ref<Vector2> given, Point fallback) { return given ? given : makeVector(fallback); }
 
-static Point pointOf(PyObject* dict) {
-    double x = Convert<double>::from(item(dict, "x").raw());
-    double y = Convert<double>::from(item(dict, "y").raw());
-    return {x, y};
+static void load(Ref<Vector2> vector, PyObject* dict) {
+    vector->x = Convert<double>::from(item(dict, "x").raw());
+    vector->y = Convert<double>::from(item(dict, "y").raw());
 }
 
 static DictBuilder dictOf(Point p) { return DictBuilder().set("x", p.x).set("y", p.y); }
 
 void PositionComponent::init(Ref<Vector2> newPos) { pos = orElse(std::move(newPos), {0, 0}); }
-void PositionComponent::loadFromDict(PyObject*, PyObject* input) {
-    Point p = pointOf(input);
-    pos->assign(p);
-}
+void PositionComponent::loadFromDict(PyObject*, PyObject* input) { load(pos, input); }
 Ref<> PositionComponent::dumpToDict(PyObject*) const { return dictOf(pos->point()).done(); }
 
 void VelocityComponent::init(Ref<Vector2> newVelocity, Ref<Vector2> newImpulse, double newFriction) {
@@ -34,14 +30,9 @@ void VelocityComponent::init(Ref<Vector2> newVelocity, Ref<Vector2> newImpulse, 
 }
 
 void VelocityComponent::loadFromDict(PyObject*, PyObject* input) {
-    Point newVelocity = pointOf(input);
-    double newFriction = itemOr(input, "friction", friction);
-    bool givesImpulse = hasItem(input, "impulse");
-    Point newImpulse = givesImpulse ? pointOf(item(input, "impulse").raw()) : Point{};
-    Vector2 &heldVelocity = *velocity, *heldImpulse = givesImpulse ? &*impulse : nullptr;
-    heldVelocity.assign(newVelocity);
-    if (heldImpulse) heldImpulse->assign(newImpulse);
-    friction = newFriction;
+    load(velocity, input);
+    friction = itemOr(input, "friction", friction);
+    if (hasItem(input, "impulse")) load(impulse, item(input, "impulse").raw());
 }
 
 Ref<> VelocityComponent::dumpToDict(PyObject*) const {
@@ -52,10 +43,7 @@ Ref<> VelocityComponent::dumpToDict(PyObject*) const {
 }
 
 void RotationComponent::init(Ref<Vector2> newDir) { dir = orElse(std::move(newDir), {1, 0}); }
-void RotationComponent::loadFromDict(PyObject*, PyObject* input) {
-    Point p = pointOf(input);
-    dir->assign(p);
-}
+void RotationComponent::loadFromDict(PyObject*, PyObject* input) { load(dir, input); }
 Ref<> RotationComponent::dumpToDict(PyObject*) const { return dictOf(dir->point()).done(); }
 
 // The default lists are two objects for the whole process: a change to one reaches every component
@@ -84,13 +72,10 @@ static Ref<List> flagsOf(PyObject* input, const char* key) {
 }
 
 void CollisionComponent::loadFromDict(PyObject*, PyObject* input) {
-    double newRadius = itemOr(input, "radius", 0.25);
-    bool newIsOnlyTrigger = itemOr(input, "isOnlyTrigger", false);
-    Ref<List> newHasFlags = flagsOf(input, "hasFlags"), newIgnoreFlags = flagsOf(input, "ignoreFlags");
-    radius = newRadius;
-    isOnlyTrigger = newIsOnlyTrigger;
-    hasFlags = std::move(newHasFlags);
-    ignoreFlags = std::move(newIgnoreFlags);
+    radius = itemOr(input, "radius", 0.25);
+    isOnlyTrigger = itemOr(input, "isOnlyTrigger", false);
+    hasFlags = flagsOf(input, "hasFlags");
+    ignoreFlags = flagsOf(input, "ignoreFlags");
 }
 
 Ref<> CollisionComponent::dumpToDict(PyObject*) const {

@@ -13,7 +13,8 @@ void Ecs::addEntity(PyObject* entity) {
     if (contains(entities.raw(), entity)) return;
     Ref<> id = getAttribute(entity, "id"_name);
     if (equal(id.raw(), toPython(-1).raw()))
-        setAttribute(entity, "_id"_name, callFunction(builtin("id"_name).raw(), entity).raw());
+        setAttribute(entity, "_id"_name,
+            callFunction(getAttribute(Module::global("__builtins__"_name).raw(), "id"_name).raw(), entity).raw());
     forEach(systems.raw(), [&](PyObject* system) { callByName(system, "_updateEntityMembership"_name, entity); });
     callByName(entities.raw(), "append"_name, entity);
     setAttribute(entity, "_ecs"_name, self());

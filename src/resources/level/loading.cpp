@@ -85,9 +85,9 @@ void Level::loadMetadata(Ref<Str> filename, Ref<Str> header) {
 
 Ref<> Level::convertPath(Ref<Str> path) const {
     Ref<Str> folder = assetsPath;
-    Ref<> ospath = Module::global("_ospath"_name);
-    if (!folder || Convert<bool>::from(callByName(ospath.raw(), "isabs"_name, path).raw()))
-        return Ref<>::borrow(path.orNone());
+    if (!folder) return Ref<>::borrow(path.orNone());
+    Ref<> ospath = osPath();
+    if (Convert<bool>::from(callByName(ospath.raw(), "isabs"_name, path).raw())) return Ref<>::borrow(path.orNone());
     return callByName(ospath.raw(), "join"_name, folder, path);
 }
 
@@ -96,8 +96,10 @@ Ref<Texture> Level::loadTexture(PyObject* path) {
 }
 
 static Ref<SpriteAnimation> animationOf(PyObject* name, PyObject* a) {
-    return make<SpriteAnimation>(name, item(a, "frames"), itemOr(a, "oscillate", toPython(0)),
-        itemOr(a, "speed", toPython(0.1)), itemOr(a, "startFrame", toPython(0)), itemOr(a, "directions", toPython(1)));
+    Ref<> frames = item(a, "frames"), oscillate = itemOr(a, "oscillate", toPython(0));
+    Ref<> speed = itemOr(a, "speed", toPython(0.1)), startFrame = itemOr(a, "startFrame", toPython(0));
+    Ref<> directions = itemOr(a, "directions", toPython(1));
+    return make<SpriteAnimation>(name, frames, oscillate, speed, startFrame, directions);
 }
 
 static Ref<> animationsOf(PyObject* sprite) {
@@ -131,9 +133,8 @@ void Level::loadAssets() {
         forEach(item(description, "sprites").raw(), [&](PyObject* sprite) {
             Ref<Texture> sheet = loadTexture(item(sprite, "texture").raw());
             Ref<> animations = animationsOf(sprite);
-            Ref<Sprite> made = make<Sprite>(
-                sheet, itemOr(sprite, "xFrames", toPython(1)), itemOr(sprite, "yFrames", toPython(1)), animations);
-            callByName(sprites.raw(), "append"_name, made);
+            Ref<> xFrames = itemOr(sprite, "xFrames", toPython(1)), yFrames = itemOr(sprite, "yFrames", toPython(1));
+            callByName(sprites.raw(), "append"_name, make<Sprite>(sheet, xFrames, yFrames, animations));
         });
     }
 }
