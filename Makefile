@@ -31,7 +31,8 @@ PREFIXES := $(shell $(PYTHON) -c 'import sys; print(sys.base_prefix, sys.prefix)
 HAS_DEBIAN_HEADERS := $(filter /usr,$(firstword $(PREFIXES)))
 HAS_DEBIAN_MODULES := $(filter /usr,$(lastword $(PREFIXES)))
 
-BUILD_PACKAGES = g++ cmake libsdl2-dev libsdl2-image-dev libsdl2-mixer-dev libsdl2-ttf-dev $(if $(HAS_DEBIAN_HEADERS),python3-dev)
+BUILD_PACKAGES = g++ cmake libsdl2-dev libsdl2-image-dev libsdl2-mixer-dev libsdl2-ttf-dev libhwy-dev \
+	$(if $(HAS_DEBIAN_HEADERS),python3-dev)
 DEMO_PACKAGES = fonts-dejavu-core
 TEST_PACKAGES = xvfb xdotool $(if $(HAS_DEBIAN_MODULES),python3-pytest python3-numpy)
 STUBS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-mypy)

@@ -93,7 +93,11 @@ void RaycastingRenderer::drawEntity(PyObject* entity, const View& view, const Ro
     if (halfHeight == 0) raise(PyExc_ZeroDivisionError, "float division");
     if (!canBeDrawn(*component) || !holds(view)) return;
     SpriteFrame frame = frameOf(*component, fog.at(component->dist), groundFog);
-    drawSprite(frame, fog, view, rayHits, place, halfHeight, target->mutableImage());
+    SpriteArea area = spriteArea(frame, view, place, halfHeight);
+    MutableImage image = target->mutableImage();
+    if (drawsByVectors() && fog.isUsable() && frame.sheet.pixels != image.pixels)
+        drawSpriteByVectors(vectorTargets()[kernels], frame, fog, area, rayHits, place.x, image);
+    else drawSprite(frame, fog, area, rayHits, place.x, image);
 }
 
 void RaycastingRenderer::renderSprites(int horizon, int width, int height) {

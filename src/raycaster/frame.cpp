@@ -1,5 +1,7 @@
 #include "raycaster/frame.hpp"
 
+#include "binding/items.hpp"
+
 #include "raycaster/core/flats.hpp"
 #include "raycaster/core/sky.hpp"
 #include "raycaster/core/walls.hpp"
@@ -40,9 +42,27 @@ private:
     SDL_Surface* surface;
 };
 
+// Paints what the passes have left of the backdrop, also when they fail.
+struct RaycastingRenderer::BackdropScope {
+    RaycastingRenderer& renderer;
+    MutableImage image;
+    ~BackdropScope() { renderer.backdrop.paint(image); }
+};
+
+// The kernels paint the backdrop along with the picture, where it shows. No script may see that it is not there yet:
+// nothing between the fill of the target and the walls is a script's own, and the fill would reach every pixel.
+bool RaycastingRenderer::canPaintLater(const Texture& texture) const {
+    SDL_Rect clip;
+    SDL_GetClipRect(texture.surface(), &clip);
+    return drawsByVectors() && Py_TYPE(texture.self()) == &typeOf<Texture> && camera && camera->dir &&
+        Py_TYPE(camera->dir.raw()) == &typeOf<Vector2> && clip.w == texture.getWidth() && clip.h == texture.getHeight();
+}
+
 void RaycastingRenderer::render() {
     Ref<Texture> held = target;
-    callByName(held.raw(), "fill"_name, std::tuple(0, 180, 100));
+    BackdropScope scope{*this, held->mutableImage()};
+    if (canPaintLater(*held)) backdrop = {Backdrop::plain, 0xFF00B464, {}};
+    else callByName(held.raw(), "fill"_name, std::tuple(0, 180, 100));
     SurfaceLock lock(held->surface());
     auto [width, height] = call<&Texture::getSize>(*held);
     int64_t horizon = static_cast<int64_t>(height / 2) + camera->pitch;
@@ -88,7 +108,10 @@ void RaycastingRenderer::renderSky(int horizon) {
         if (!sky) return;
         double degrees = Convert<double>::from(callByName(camera->dir.raw(), "getDegrees"_name).raw());
         MutableImage image = held->mutableImage();
-        drawSky(sky->image(), viewOf(horizon, image.width, image.height), degrees, image);
+        if (sky->image().empty()) return;
+        Backdrop shown{Backdrop::sky, 0, {sky->image(), viewOf(horizon, image.width, image.height), degrees}};
+        if (backdrop.kind == Backdrop::painted) shown.paint(image);
+        else backdrop = std::move(shown);
     });
 }
 
@@ -99,12 +122,26 @@ void RaycastingRenderer::renderWalls(int horizon, int width, int height) {
             if (!holds(view)) return;
             Scene scene = sceneOf(*level);
             Columns columns = traceColumns(scene.grid, view);
-            // A color that is no pixel ends the pass where it is first needed, and columns come one after the other.
-            int together = scene.fog.isUsable() ? width : 1;
-            for (int x = 0; x < width; x += together) drawColumns(scene, view, columns, x, x + together);
+            drawWorld(scene, view, columns);
         }
         renderSprites(horizon, width, height);
     });
+}
+
+void RaycastingRenderer::drawWorld(const Scene& scene, const View& view, const Columns& columns) {
+    MutableImage image = target->mutableImage();
+    if (view.width < image.width || view.height < image.height) backdrop.paint(image);
+    WorldPicture world{scene, view, columns, flashlight ? flashlight->image() : Image(), backdrop, image};
+    if (drawsByVectors() && canDrawByVectors(world)) {
+        drawWorldByVectors(vectorTargets()[kernels], world);
+        std::copy(columns.hits.begin(), columns.hits.end(), rayHits.begin());
+        backdrop.kind = Backdrop::painted;
+        return;
+    }
+    backdrop.paint(image);
+    // A color that is no pixel ends the pass where it is first needed, and columns come one after the other.
+    int together = scene.fog.isUsable() ? view.width : 1;
+    for (int x = 0; x < view.width; x += together) drawColumns(scene, view, columns, x, x + together);
 }
 
 void RaycastingRenderer::drawColumns(const Scene& scene, const View& view, const Columns& columns, int from, int to) {
@@ -114,6 +151,22 @@ void RaycastingRenderer::drawColumns(const Scene& scene, const View& view, const
     if (flashlight && !flashlight->image().empty()) drawFlashlight(flashlight->image(), view, columns, image, from, to);
     drawFloor(scene, view, columns, image, from, to);
     drawCeiling(scene, view, columns, image, from, to);
+}
+
+static const char* const plainKernels = "plain";
+
+Ref<> RaycastingRenderer::getKernels() const {
+    Ref<> names = Ref<>::steal(PyList_New(0));
+    for (const VectorTarget& each : vectorTargets()) append(names.raw(), each.name);
+    append(names.raw(), plainKernels);
+    return names;
+}
+
+void RaycastingRenderer::setKernels(PyObject* name) {
+    Ref<> names = getKernels();
+    Py_ssize_t index = PySequence_Index(names.raw(), name);
+    if (index < 0) throw PythonError{};
+    kernels = static_cast<size_t>(index);
 }
 
 void declareRaycastingRenderer(Module& module) {
@@ -127,6 +180,12 @@ void declareRaycastingRenderer(Module& module) {
         .method<&RaycastingRenderer::getCamera>("getCamera", {}, "The camera of this renderer.")
         .method<&RaycastingRenderer::setFlashlight>("_setFlashlight", {{"flashlight"}},
             "Sets the mask of light on walls, stretched over the width of the picture; None switches it off.")
+        .method<&RaycastingRenderer::getKernels>("_getKernels", {},
+            "The vector units of this machine that pixels can be drawn with, as names, the best one first; the last\n"
+            "name is that of the plain loops. All draw the same pixels.\n@return([str])")
+        .method<&RaycastingRenderer::setKernels>("_setKernels", {{"name", Required{}, "str"}},
+            "Draws with the vector unit of that name from now on; ValueError for a name that _getKernels does not\n"
+            "tell. A new renderer takes the best one.")
         .method<&RaycastingRenderer::castRay>("castRay", {{"pos"}, {"dir"}},
             "The point on the wall that a ray from `pos` in the direction `dir` hits; None if the ray leaves the\n"
             "level.")

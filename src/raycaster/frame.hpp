@@ -1,7 +1,7 @@
 // The renderer of levels: the order of a frame, and the questions that scripts ask about it.
 #pragma once
 #include "raycaster/camera.hpp"
-#include "raycaster/core/scene.hpp"
+#include "raycaster/core/vector/kernels.hpp"
 #include "renderer.hpp"
 #include "resources/level.hpp"
 
@@ -18,6 +18,8 @@ struct RaycastingRenderer : Renderer {
     void render();
     Ref<Camera> getCamera() const { return camera; }
     void setFlashlight(Ref<Texture> mask) { flashlight = std::move(mask); }
+    Ref<> getKernels() const;
+    void setKernels(PyObject* name);
 
     Ref<Vector2> castRay(const Vector2& pos, const Vector2& dir);
     Ref<> getEntityAtScreenCoords(int x, int y);
@@ -33,11 +35,19 @@ protected:
 private:
     // One per column of the target, of the last frame: the depth buffer of sprites and queries.
     std::vector<RayHit> rayHits;
+    // What is still to be painted of the frame's background: the kernels paint it where it shows, and nowhere else.
+    Backdrop backdrop;
+    // Which of vectorTargets() draws; behind the last one, the plain loops do.
+    size_t kernels = 0;
 
     template <class Body> void pass(Name& name, Body&& body);
     View viewOf(int horizon, int width, int height) const;
     bool holds(const View& view) const;
     bool hasColumn(int x) const;
+    bool drawsByVectors() const { return kernels < vectorTargets().size(); }
+    struct BackdropScope;
+    bool canPaintLater(const Texture& texture) const;
+    void drawWorld(const Scene& scene, const View& view, const Columns& columns);
     void drawColumns(const Scene& scene, const View& view, const Columns& columns, int from, int to);
     void measure(PyObject* entity, const View& view);
     void drawEntity(PyObject* entity, const View& view, const Rotation& viewRot, int& groundFog);

@@ -10,7 +10,7 @@ static int skyColumn(const Image& sky, double angle) {
 }
 
 Panorama::Panorama(const Image& sky, const View& view, double degrees)
-    : columns(static_cast<size_t>(view.width)), rows(static_cast<size_t>(view.height)) {
+    : columns(static_cast<size_t>(view.width)), rows(static_cast<size_t>(view.height)), image(sky) {
     int leftOfMiddle = view.fov / 2;  // in whole degrees
     for (int x = 0; x < view.width; x++) {
         double angle = static_cast<double>(x) / view.width * view.fov + degrees - leftOfMiddle;

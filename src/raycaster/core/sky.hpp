@@ -12,6 +12,12 @@ struct Panorama {
     Panorama() = default;
     // `degrees` is the direction of the view, from -180 to 180.
     Panorama(const Image& sky, const View& view, double degrees);
+
+    // Whether it shows the image of these pixels.
+    bool reads(const uint32_t* pixels) const { return image.pixels == pixels; }
+
+private:
+    Image image;
 };
 
 // What shows where neither walls nor floors nor ceilings are drawn.

@@ -16,10 +16,10 @@ struct Run {
     static constexpr int length = 128;  // columns
 
     int begin, columns;
-    HWY_ALIGN int32_t cell[length];    // number in the grid, -1 beyond its edge
-    HWY_ALIGN int32_t offset[length];  // of the texel, in a texture of the size that all have
+    HWY_ALIGN int32_t cell[length];         // number in the grid, -1 beyond its edge
+    HWY_ALIGN int32_t offset[length];       // of the texel, in a texture of the size that all have
     HWY_ALIGN double u[length], v[length];  // place in the cell, where textures differ in size
-    bool inOneCell[length];            // for the first column of each vector
+    bool inOneCell[length];                 // for the first column of each vector
 };
 
 struct TextureSize {
@@ -28,37 +28,35 @@ struct TextureSize {
 
 // The textures by the numbers that cells hold.
 struct FlatTextures {
-    const Image* image[256] = {};  // null: draws nothing
-    TextureSize size{0, 0};        // of all of them; 0 where they differ
+    Image image[256];        // empty where the level does not hold it
+    TextureSize size{0, 0};  // of all of them; 0 where they differ
 
     explicit FlatTextures(const Scene& scene) {
         bool first = true;
         for (int i = 0; i < noTexture; i++) {
-            const Image* texture = image[i] = scene.texture(i);
+            const Image* texture = scene.texture(i);
             if (!texture) continue;
+            image[i] = *texture;
             if (first) size = {texture->width, texture->height};
             else if (size.width != texture->width || size.height != texture->height) size = {0, 0};
             first = false;
         }
     }
-    const Image* at(const Grid& grid, CellByte plane, int cell) const {
-        return cell < 0 ? nullptr : image[grid.cells[static_cast<ptrdiff_t>(cell) * cellBytes + plane]];
-    }
 };
 
 // Whether the floor shows in any column of the run in the row `below`, or the ceiling in the row `above`.
-static bool isSeen(const Strips& strips, const Run& run, int below, int above) {
+static bool isSeen(const WorldStrips& world, const Run& run, int below, int above) {
     const Ints ints;
     auto seen = hn::Zero(ints);
     for (int i = 0; i < run.columns; i += static_cast<int>(hn::Lanes(ints))) {
         size_t x = static_cast<size_t>(run.begin + i);
-        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::LoadU(ints, &strips.bottom[x]), hn::Set(ints, below + 1))));
-        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::Set(ints, above), hn::LoadU(ints, &strips.top[x]))));
+        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::LoadU(ints, &world.bottom[x]), hn::Set(ints, below + 1))));
+        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::Set(ints, above), hn::LoadU(ints, &world.top[x]))));
     }
     return !hn::AllTrue(ints, hn::Eq(seen, hn::Zero(ints)));
 }
 
-HWY_NOINLINE void findPoints(const WorldPicture& world, double rowDist, TextureSize size, Run& run) {
+HWY_NOINLINE void findPoints(const WorldStrips& world, double rowDist, TextureSize size, Run& run) {
     const Ints ints;
     const Words words;
     const Doubles doubles;
@@ -68,8 +66,8 @@ HWY_NOINLINE void findPoints(const WorldPicture& world, double rowDist, TextureS
     const auto gridWidth = hn::Set(ints, world.scene.grid.width), gridHeight = hn::Set(ints, world.scene.grid.height);
     const auto texWidth = hn::Set(doubles, size.width), texHeight = hn::Set(doubles, size.height);
     for (int i = 0; i < run.columns; i += lanes) {
-        const double *rayX = &world.strips.rayX[static_cast<size_t>(run.begin + i)],
-                     *rayY = &world.strips.rayY[static_cast<size_t>(run.begin + i)];
+        const double *rayX = &world.rayX[static_cast<size_t>(run.begin + i)],
+                     *rayY = &world.rayY[static_cast<size_t>(run.begin + i)];
         auto x0 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayX)), posX);
         auto y0 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayY)), posY);
         auto x1 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayX + half)), posX);
@@ -79,8 +77,8 @@ HWY_NOINLINE void findPoints(const WorldPicture& world, double rowDist, TextureS
         auto cellX = wholeNumbers(cellX0, cellX1), cellY = wholeNumbers(cellY0, cellY1);
         auto inside = hn::And(hn::Lt(hn::BitCast(words, cellX), hn::BitCast(words, gridWidth)),
             hn::Lt(hn::BitCast(words, cellY), hn::BitCast(words, gridHeight)));
-        auto cell = hn::IfThenElse(
-            hn::RebindMask(ints, inside), hn::Add(hn::Mul(cellY, gridWidth), cellX), hn::Set(ints, -1));
+        auto cell =
+            hn::IfThenElse(hn::RebindMask(ints, inside), hn::Add(hn::Mul(cellY, gridWidth), cellX), hn::Set(ints, -1));
         hn::Store(cell, ints, run.cell + i);
         run.inOneCell[i] = hn::AllTrue(ints, hn::Eq(cell, hn::Set(ints, hn::GetLane(cell))));
         if (size.width > 0) {
@@ -118,45 +116,54 @@ struct RunWords {
     HWY_ALIGN uint32_t word[Run::length];
     HWY_ALIGN int32_t isTexel[Run::length];  // -1 or 0
 
-    HWY_NOINLINE void load(const WorldPicture& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
+    HWY_NOINLINE void load(
+        const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
         const int lanes = static_cast<int>(hn::Lanes(Ints()));
+        auto numberAt = [&](int i) {
+            int cell = run.cell[i];
+            return cell < 0 ? noTexture : world.scene.grid.cells[static_cast<ptrdiff_t>(cell) * cellBytes + row.plane];
+        };
+        // Solid fog hides textures that the level does not hold like all others.
+        auto shows = [&](int number) { return row.solidFog ? number != noTexture : !textures.image[number].empty(); };
         for (int i = 0; i < run.columns; i += lanes) {
             if (hn::AllFalse(Ints(), row.region(run, i))) continue;
             if (run.inOneCell[i]) {
-                const Image* texture = textures.at(world.scene.grid, row.plane, run.cell[i]);
-                hn::Store(hn::Set(Ints(), texture ? -1 : 0), Ints(), isTexel + i);
-                if (!texture) loadBackdrop(world, row.y, run.begin + i, word + i);
-                else loadTexels(*texture, textures.size, run, i, i + lanes);
-            } else {
-                loadBackdrop(world, row.y, run.begin + i, word + i);
-                for (int k = i; k < i + lanes; k++) {
-                    const Image* texture = textures.at(world.scene.grid, row.plane, run.cell[k]);
-                    isTexel[k] = texture ? -1 : 0;
-                    if (texture) loadTexels(*texture, textures.size, run, k, k + 1);
-                }
+                int number = numberAt(i);
+                hn::Store(hn::Set(Ints(), shows(number) ? -1 : 0), Ints(), isTexel + i);
+                if (!shows(number)) loadBackdrop(world, row.y, run.begin + i, word + i);
+                else if (!row.solidFog) loadTexels(textures, number, run, i, i + lanes);
+                continue;
+            }
+            loadBackdrop(world, row.y, run.begin + i, word + i);
+            for (int k = i; k < i + lanes; k++) {
+                int number = numberAt(k);
+                isTexel[k] = shows(number) ? -1 : 0;
+                if (isTexel[k] && !row.solidFog) loadTexels(textures, number, run, k, k + 1);
             }
         }
     }
 
 private:
-    HWY_INLINE void loadTexels(const Image& texture, TextureSize size, const Run& run, int from, int to) {
-        if (size.width > 0) {
+    HWY_INLINE void loadTexels(const FlatTextures& textures, int number, const Run& run, int from, int to) {
+        const Image& texture = textures.image[number];
+        if (textures.size.width > 0) {
             for (int k = from; k < to; k++) word[k] = texture.pixels[run.offset[k]];
         } else {
             for (int k = from; k < to; k++)
-                word[k] = texture.at(static_cast<int>(run.u[k] * texture.width), static_cast<int>(run.v[k] * texture.height));
+                word[k] =
+                    texture.at(static_cast<int>(run.u[k] * texture.width), static_cast<int>(run.v[k] * texture.height));
         }
     }
 };
 
-HWY_NOINLINE void drawRun(const WorldPicture& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
+HWY_NOINLINE void drawRun(const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
     const Ints ints;
     const Words words;
     const int lanes = static_cast<int>(hn::Lanes(ints));
     RunWords loaded;
     loaded.load(world, row, textures, run);
     uint32_t* out = world.target.pixels + static_cast<ptrdiff_t>(row.y) * world.target.width;
-    const auto solid = hn::Set(words, world.scene.fog.color);
+    const auto solid = hn::Set(words, *world.scene.fog.color);
     for (int i = 0; i < run.columns; i += lanes) {
         auto region = row.region(run, i);
         if (hn::AllFalse(ints, region)) continue;
@@ -172,7 +179,7 @@ HWY_NOINLINE void drawRun(const WorldPicture& world, const PlaneRow& row, const 
     }
 }
 
-void drawFlats(const WorldPicture& world, int from, int to) {
+void drawFlats(const WorldStrips& world, int from, int to) {
     const View& view = world.view;
     const Fog& fog = world.scene.fog;
     const FlatTextures textures(world.scene);
@@ -183,13 +190,12 @@ void drawFlats(const WorldPicture& world, int from, int to) {
         if (!hasFloor && !hasCeiling) continue;
         double rowDist = view.scale() / away;
         int fogAmount = fog.at(rowDist);
-        PlaneRow floor{cellFloor, below, world.strips.bottom.data(), fogAmount >= 255,
-            Blend(fog.groundColor, fog.groundAt(rowDist)), Blend(fog.color, fogAmount)};
-        PlaneRow ceiling{
-            cellCeiling, above, world.strips.top.data(), fogAmount >= 255, floor.ground, floor.fog};
+        PlaneRow floor{cellFloor, below, world.bottom.data(), fogAmount >= 255,
+            Blend(*fog.groundColor, fog.groundAt(rowDist)), Blend(*fog.color, fogAmount)};
+        PlaneRow ceiling{cellCeiling, above, world.top.data(), fogAmount >= 255, floor.ground, floor.fog};
         for (run.begin = 0; run.begin < view.width; run.begin += Run::length) {
             run.columns = std::min(Run::length, view.width - run.begin);
-            if (!isSeen(world.strips, run, hasFloor ? below : -1, hasCeiling ? above : view.height)) continue;
+            if (!isSeen(world, run, hasFloor ? below : -1, hasCeiling ? above : view.height)) continue;
             findPoints(world, rowDist, textures.size, run);
             if (hasFloor) drawRun(world, floor, textures, run);
             if (hasCeiling) drawRun(world, ceiling, textures, run);
@@ -198,7 +204,7 @@ void drawFlats(const WorldPicture& world, int from, int to) {
 }
 
 #else
-void drawFlats(const WorldPicture&, int, int) {}
+void drawFlats(const WorldStrips&, int, int) {}
 #endif
 
 }  // namespace HWY_NAMESPACE
@@ -210,7 +216,7 @@ namespace zv {
 
 HWY_EXPORT(drawFlats);
 
-void drawFlatsByVectors(const WorldPicture& world, int from, int to) {
+void drawFlatsByVectors(const WorldStrips& world, int from, int to) {
     HWY_DYNAMIC_DISPATCH(drawFlats)(world, from, to);
 }
 

@@ -9,7 +9,7 @@
 
 #include <hwy/highway.h>
 
-#include "raycaster/core/vector/kernels.hpp"
+#include "raycaster/core/vector/strips.hpp"
 
 HWY_BEFORE_NAMESPACE();
 namespace zv {
@@ -28,7 +28,7 @@ using HalfFloats = hn::Rebind<float, Doubles>;
 using Pairs = hn::Repartition<uint16_t, Words>;
 using Bytes = hn::Repartition<uint8_t, Words>;
 
-inline constexpr int maxLanes = Strips::padding;
+inline constexpr int maxLanes = WorldStrips::padding;
 
 // A vector of pixels, spread to lanes of 16 bits.
 struct Spread {
@@ -72,8 +72,7 @@ HWY_INLINE hn::Vec<Words> addLight(hn::Vec<Words> base, hn::Vec<Words> color, hn
     Spread light(hn::And(color, hn::Set(Words(), 0xFFFFFFu)));
     light.redBlue = hn::ShiftRight<8>(hn::Mul(light.redBlue, weights));
     light.alphaGreen = hn::ShiftRight<8>(hn::Mul(light.alphaGreen, weights));
-    return hn::BitCast(
-        Words(), hn::SaturatedAdd(hn::BitCast(Bytes(), base), hn::BitCast(Bytes(), light.joined())));
+    return hn::BitCast(Words(), hn::SaturatedAdd(hn::BitCast(Bytes(), base), hn::BitCast(Bytes(), light.joined())));
 }
 
 // Two vectors of doubles as whole numbers, towards zero, in one vector.
@@ -102,15 +101,15 @@ HWY_INLINE void store(hn::Vec<Words> pixels, hn::Mask<Words> region, uint32_t* r
 }
 
 // The backdrop of a vector of columns from `x` on in a row.
-HWY_INLINE void loadBackdrop(const WorldPicture& world, int y, int x, uint32_t* words) {
+HWY_INLINE void loadBackdrop(const WorldStrips& world, int y, int x, uint32_t* words) {
     const Backdrop& backdrop = world.backdrop;
     const int lanes = static_cast<int>(hn::Lanes(Words()));
-    if (backdrop.kind == Backdrop::panorama) {
-        const uint32_t* row = backdrop.skyRows[static_cast<size_t>(y)];
-        const int* columns = &backdrop.skyColumns[static_cast<size_t>(x)];
+    if (backdrop.kind == Backdrop::sky) {
+        const uint32_t* row = backdrop.panorama.rows[static_cast<size_t>(y)];
+        const int* columns = &world.skyColumns[static_cast<size_t>(x)];
         for (int i = 0; i < lanes; i++) words[i] = row[columns[i]];
-    } else if (backdrop.kind == Backdrop::color) {
-        hn::Store(hn::Set(Words(), backdrop.word), Words(), words);
+    } else if (backdrop.kind == Backdrop::plain) {
+        hn::Store(hn::Set(Words(), backdrop.color), Words(), words);
     } else {
         const uint32_t* row = world.target.pixels + static_cast<ptrdiff_t>(y) * world.target.width;
         std::copy_n(row + x, std::min(lanes, world.view.width - x), words);

@@ -15,52 +15,53 @@ namespace HWY_NAMESPACE {
 // a tile of a few rows; then the tile is blended row by row.
 struct WallBlock {
     static constexpr size_t width = 16, rows = 16;  // a cache line of the picture
-    static_assert(width <= Strips::padding);
+    static_assert(width <= WorldStrips::padding);
 
     // One texture or mask, from the top of the wall on down.
     struct Stripe {
         const uint32_t* pixels = nullptr;  // of its column in the image; null: nothing
         int stride, last;                  // of the image: its width, its last row
         double pos, step;
-        int row, end;                      // on the screen; `row` is the next one
+        int row, end;  // on the screen; `row` is the next one
     };
 
     Stripe texture[width], mask[width];
-    HWY_ALIGN int top[width] = {}, bottom[width] = {};       // of the region between ceiling and floor
-    HWY_ALIGN int start[width] = {}, end[width] = {};        // of what is drawn of the wall
-    HWY_ALIGN int solidFog[width] = {};                      // -1: the color of the fog alone
+    HWY_ALIGN int top[width] = {}, bottom[width] = {};         // of the region between ceiling and floor
+    HWY_ALIGN int start[width] = {}, end[width] = {};          // of what is drawn of the wall
+    HWY_ALIGN int solidFog[width] = {};                        // -1: the color of the fog alone
     HWY_ALIGN uint32_t fog[width] = {}, strength[width] = {};  // weights
     HWY_ALIGN float groundFog[width] = {}, wallTop[width] = {}, wallRows[width] = {};
     HWY_ALIGN uint32_t texels[rows * width] = {}, light[rows * width] = {};
     int firstRow = INT_MAX, lastRow = 0;  // of all regions
 
-    void prepare(const WorldPicture& world, const Image* flashlight, int x0);
+    void prepare(const WorldStrips& world, int x0);
 
 private:
-    void prepareTexture(const WorldPicture& world, const RayHit& hit, const Slice& slice, size_t i);
+    void prepareTexture(const WorldStrips& world, const RayHit& hit, const Slice& slice, size_t i);
 };
 
-void WallBlock::prepare(const WorldPicture& world, const Image* flashlight, int x0) {
+void WallBlock::prepare(const WorldStrips& world, int x0) {
     for (size_t i = 0; i < width && x0 + static_cast<int>(i) < world.view.width; i++) {
         int x = x0 + static_cast<int>(i);
         const RayHit& hit = world.columns.hits[static_cast<size_t>(x)];
         const Slice& slice = world.columns.slices[static_cast<size_t>(x)];
-        top[i] = world.strips.top[static_cast<size_t>(x)];
-        bottom[i] = world.strips.bottom[static_cast<size_t>(x)];
+        top[i] = world.top[static_cast<size_t>(x)];
+        bottom[i] = world.bottom[static_cast<size_t>(x)];
         if (top[i] < bottom[i]) {
             firstRow = std::min(firstRow, top[i]);
             lastRow = std::max(lastRow, bottom[i]);
         }
         if (hit.outOfBounds || slice.start >= slice.end) continue;
         prepareTexture(world, hit, slice, i);
-        if (!flashlight) continue;
-        mask[i] = {flashlight->pixels + flashlightColumn(*flashlight, world.view, x), flashlight->width,
-            flashlight->height - 1, 0, flashlightStep(hit), slice.start, slice.end};
+        const Image& light = world.flashlight;
+        if (light.empty()) continue;
+        mask[i] = {light.pixels + flashlightColumn(light, world.view, x), light.width, light.height - 1, 0,
+            flashlightStep(hit), slice.start, slice.end};
         strength[i] = static_cast<uint32_t>(flashlightStrength(hit)) * 0x10001u;
     }
 }
 
-void WallBlock::prepareTexture(const WorldPicture& world, const RayHit& hit, const Slice& slice, size_t i) {
+void WallBlock::prepareTexture(const WorldStrips& world, const RayHit& hit, const Slice& slice, size_t i) {
     const Fog& fogs = world.scene.fog;
     const Image* image = world.scene.texture(hit.textureIndex);
     fog[i] = static_cast<uint32_t>(fogs.at(hit.dist));
@@ -71,7 +72,7 @@ void WallBlock::prepareTexture(const WorldPicture& world, const RayHit& hit, con
     if (solidFog[i]) return;
     double step = wallTexelStep(*image, slice);
     texture[i] = {image->pixels + wallTexelColumn(*image, hit), image->width, image->height - 1,
-        (slice.start - (world.view.horizon - slice.half)) * step, step, slice.start, slice.end};
+        wallTexelStart(world.view, slice, step), step, slice.start, slice.end};
     groundFog[i] = static_cast<float>(fogs.groundAt(hit.dist));
     wallTop[i] = static_cast<float>(slice.start);
     wallRows[i] = static_cast<float>(2 * slice.half);
@@ -79,8 +80,7 @@ void WallBlock::prepareTexture(const WorldPicture& world, const RayHit& hit, con
 
 // Fills a column of a tile whose first row is row `y` of the screen. Beyond its last row a texture repeats that row, as
 // rounding may bring the sum of the steps there; a flashlight ends.
-template <bool endsWithImage>
-HWY_NOINLINE void collect(WallBlock::Stripe& stripe, int y, int rows, uint32_t* column) {
+template <bool endsWithImage> HWY_NOINLINE void collect(WallBlock::Stripe& stripe, int y, int rows, uint32_t* column) {
     int from = std::max(stripe.row, y), to = std::min(stripe.end, y + rows);
     if (!stripe.pixels || from >= to) return;
     double pos = stripe.pos;
@@ -106,13 +106,13 @@ HWY_INLINE hn::Vec<Words> groundWeights(const WallBlock& b, size_t i, int y) {
         hn::Load(floats, b.wallRows + i));
     auto low = hn::PromoteTo(doubles, hn::LowerHalf(halfFloats, share));
     auto high = hn::PromoteTo(doubles, hn::UpperHalf(halfFloats, share));
-    auto squared = hn::Combine(
-        floats, hn::DemoteTo(halfFloats, hn::Mul(high, high)), hn::DemoteTo(halfFloats, hn::Mul(low, low)));
+    auto squared =
+        hn::Combine(floats, hn::DemoteTo(halfFloats, hn::Mul(high, high)), hn::DemoteTo(halfFloats, hn::Mul(low, low)));
     return hn::BitCast(Words(), hn::ConvertTo(Ints(), hn::Mul(hn::Load(floats, b.groundFog + i), squared)));
 }
 
 // The rows `y` to `y` + `rows` - 1 of a vector of columns, the block's `i`-th and following.
-HWY_NOINLINE void drawTile(const WorldPicture& world, const WallBlock& b, bool lit, int x, size_t i, int y, int rows) {
+HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool lit, int x, size_t i, int y, int rows) {
     const Ints ints;
     const Words words;
     const Fog& fog = world.scene.fog;
@@ -120,7 +120,7 @@ HWY_NOINLINE void drawTile(const WorldPicture& world, const WallBlock& b, bool l
     const auto start = hn::Load(ints, b.start + i), end = hn::Load(ints, b.end + i);
     const auto solidFog = hn::RebindMask(words, hn::MaskFromVec(hn::Load(ints, b.solidFog + i)));
     const auto strength = hn::BitCast(Pairs(), hn::Load(words, b.strength + i));
-    const Blend towardsFog(fog.color, hn::Load(words, b.fog + i));
+    const Blend towardsFog(*fog.color, hn::Load(words, b.fog + i));
     for (int row = y; row < y + rows; row++) {
         const auto here = hn::Set(ints, row), below = hn::Set(ints, row + 1);
         auto region = hn::RebindMask(words, hn::And(hn::Lt(top, below), hn::Lt(here, bottom)));
@@ -128,9 +128,9 @@ HWY_NOINLINE void drawTile(const WorldPicture& world, const WallBlock& b, bool l
         auto drawn = hn::RebindMask(words, hn::And(hn::Lt(start, below), hn::Lt(here, end)));
         size_t at = static_cast<size_t>(row - y) * WallBlock::width + i;
         Spread spread(hn::Load(words, b.texels + at));
-        if (fog.groundDensity > 0) Blend(fog.groundColor, hn::IfThenElseZero(drawn, groundWeights(b, i, row)))(spread);
+        if (fog.groundDensity > 0) Blend(*fog.groundColor, hn::IfThenElseZero(drawn, groundWeights(b, i, row)))(spread);
         towardsFog(spread);
-        auto pixels = hn::IfThenElse(solidFog, hn::Set(words, fog.color), spread.joined());
+        auto pixels = hn::IfThenElse(solidFog, hn::Set(words, *fog.color), spread.joined());
         uint32_t* out = world.target.pixels + static_cast<ptrdiff_t>(row) * world.target.width;
         int count = world.view.width - x;
         if (!hn::AllFalse(words, hn::AndNot(drawn, region))) {
@@ -143,26 +143,27 @@ HWY_NOINLINE void drawTile(const WorldPicture& world, const WallBlock& b, bool l
     }
 }
 
-void drawWalls(const WorldPicture& world, const Image* flashlight, int from, int to) {
+void drawWalls(const WorldStrips& world, int from, int to) {
     const size_t lanes = std::min(hn::Lanes(Ints()), WallBlock::width);
+    const bool lit = !world.flashlight.empty();
     for (int x = from; x < to; x += static_cast<int>(WallBlock::width)) {
         WallBlock b;
-        b.prepare(world, flashlight, x);
+        b.prepare(world, x);
         for (int y = b.firstRow; y < b.lastRow; y += static_cast<int>(WallBlock::rows)) {
             int rows = std::min(b.lastRow - y, static_cast<int>(WallBlock::rows));
-            if (flashlight) std::fill(std::begin(b.light), std::end(b.light), 0u);
+            if (lit) std::fill(std::begin(b.light), std::end(b.light), 0u);
             for (size_t i = 0; i < WallBlock::width; i++) {
                 collect<false>(b.texture[i], y, rows, b.texels + i);
-                if (flashlight) collect<true>(b.mask[i], y, rows, b.light + i);
+                if (lit) collect<true>(b.mask[i], y, rows, b.light + i);
             }
             for (size_t i = 0; i < WallBlock::width; i += lanes)
-                drawTile(world, b, flashlight != nullptr, x + static_cast<int>(i), i, y, rows);
+                drawTile(world, b, lit, x + static_cast<int>(i), i, y, rows);
         }
     }
 }
 
 #else
-void drawWalls(const WorldPicture&, const Image*, int, int) {}
+void drawWalls(const WorldStrips&, int, int) {}
 #endif
 
 }  // namespace HWY_NAMESPACE
@@ -174,8 +175,8 @@ namespace zv {
 
 HWY_EXPORT(drawWalls);
 
-void drawWallsByVectors(const WorldPicture& world, const Image* flashlight, int from, int to) {
-    HWY_DYNAMIC_DISPATCH(drawWalls)(world, flashlight, from, to);
+void drawWallsByVectors(const WorldStrips& world, int from, int to) {
+    HWY_DYNAMIC_DISPATCH(drawWalls)(world, from, to);
 }
 
 }  // namespace zv
