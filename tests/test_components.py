@@ -81,15 +81,16 @@ def test_basic_components_and_their_dicts():
     assert (velocity.x, velocity.friction, rotation.dir.x, rotation.dir.y) == (0, 2, 1, 0)
     velocity.loadFromDict(None, {"x": 1, "y": 2})
     with pytest.raises(KeyError):
-        velocity.loadFromDict(None, {"x": 5, "y": 5, "friction": 5, "impulse": {"x": 1}})
+        velocity.loadFromDict(None, {"x": 5, "y": 6, "friction": 7, "impulse": {"x": 1}})
+    assert velocity.impulse.x == 1.0
     for impulse, dumped in ((3, 0), {}), ((0, 3), {}), ((3, 4), {"impulse": {"x": 3.0, "y": 4.0}}):
         velocity.impulse = z.Vector2(*impulse)
-        assert velocity.dumpToDict(None) == dict({"x": 1.0, "y": 2.0, "friction": 2.0}, **dumped)
+        assert velocity.dumpToDict(None) == dict({"x": 5.0, "y": 6.0, "friction": 7.0}, **dumped)
     first, second = z.CollisionComponent(), z.CollisionComponent(1)
     assert first.hasFlags is second.hasFlags and first.hasFlags is not first.ignoreFlags
     with pytest.raises(TypeError):
         second.loadFromDict(None, {"radius": 2, "hasFlags": "ghost"})
-    assert second.radius == 1.0
+    assert second.radius == 2.0
     second.loadFromDict(None, {"hasFlags": []})
     assert second.dumpToDict(None) == {"radius": 0.25, "isOnlyTrigger": False, "hasFlags": [], "ignoreFlags": []}
     assert second.hasFlags is not first.hasFlags
