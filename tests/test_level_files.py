@@ -91,7 +91,7 @@ def test_entities_of_a_file_and_in_both_lists(capsys):
     first, second = level.metadata["entities"]
     assert first == {"id": -1, "position": {"x": 1.0, "y": 2.0}, "tür": {"a": [1, None]}} and second["id"] == 12
     added = level.addEntityFromJson({"id": 3})
-    level.removeEntityFromJson(level._entities[0])
+    level.removeEntityFromJson(*level.getEntities(z.PositionComponent))
     assert level.metadata["entities"] == [second, {"id": 3}] and level._entities[1] is added
     level.metadata["entities"] = []
     with pytest.raises(IndexError):
@@ -116,15 +116,15 @@ def test_there_and_back(capsys):
     level.saveFile(NAME)
     assert capsys.readouterr().out.endswith("\nwrote file {0}.json\nwrote file {0}\n".format(NAME))
     assert files() == (json.dumps(level.metadata, sort_keys=True, indent=4).encode(), grid)
-    again = Level(NAME)
+    again, ecs = Level(NAME), z.Ecs(None)
     assert (again.metadata, cells(again), len(again.textures), len(again.sprites)) == (level.metadata, grid, 3, 2)
+    level.syncEntitiesToEcs(ecs), again.syncEntitiesToEcs(ecs), again.syncEntitiesFromEcs(ecs)
     again._updateEntityMetadata()
     assert again.metadata == level.metadata
 
 
 def test_failures_and_what_is_left(monkeypatch):
-    level, opened = load(b"\1" * 14), []
-    before = files()
+    level, before, opened = load(b"\1" * 14), files(), []
     circle, number = level.createComponent("circle", {}), level.createComponent("complex", {"value": 1j})
     circle.self = circle
     monkeypatch.setattr(builtins, "open", lambda *given, open=open: opened.append(open(*given)) or opened[-1])
