@@ -1,21 +1,13 @@
 """The demo game and the gallery of widgets, played by their scripts."""
 
 import json
-import os
+import pathlib
 import re
-import subprocess
-import sys
 
 import zelvarine
+from helpers import runScript
 
-EXAMPLES = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__))), "examples")
-
-
-def run(example, *options):
-    command = [sys.executable, os.path.join(EXAMPLES, example)] + list(options)
-    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, universal_newlines=True, timeout=300)
-    assert (done.returncode, done.stderr) == (0, "")
-    return done.stdout
+EXAMPLES = pathlib.Path(__file__).resolve().parent.parent / "examples"
 
 
 def pictures(folder):
@@ -27,8 +19,8 @@ def colors(picture):
 
 
 def test_scripted_walk(tmp_path):
-    text = run("walk.py", "--headless", "--size", "320x200", "--pictures", str(tmp_path),
-               "--save", str(tmp_path / "saved.lvl"))
+    text = runScript(str(EXAMPLES / "walk.py"), "--headless", "--size", "320x200", "--pictures", str(tmp_path),
+                     "--save", str(tmp_path / "saved.lvl"))
     found = int(re.search(r"(\d+) of 11 gems", text).group(1))
     assert found >= 5
     seen = pictures(tmp_path)
@@ -49,7 +41,7 @@ def test_scripted_walk(tmp_path):
 
 
 def test_gallery_answers_the_mouse(tmp_path):
-    text = run("widgets.py", "--headless", "--pictures", str(tmp_path))
+    text = runScript(str(EXAMPLES / "widgets.py"), "--headless", "--pictures", str(tmp_path))
     red, green, blue, alpha, width, height = map(int, re.search(
         r"color (\d+), (\d+), (\d+), alpha (\d+), picture (\d+) by (\d+)", text).groups())
     assert red < 30 and 80 < green < 110 and blue > 230 and 140 < alpha < 170 and width > 180 and height == 110

@@ -9,8 +9,7 @@ import zelvarine
 from zelvarine import RaycastingRenderer, Texture
 
 from reference import BACKGROUND, Camera, Scene, Sprite
-from scenes import image, put, random_camera, random_scene, room, with_fog
-from world import World
+from scenes import World, image, put, random_camera, random_scene, room, with_fog
 
 pytestmark = pytest.mark.filterwarnings("ignore::pytest.PytestUnraisableExceptionWarning")
 
@@ -39,8 +38,6 @@ def test_a_view_without_a_direction_meets_a_wall_beyond_the_edge(tmp_path):
     World(scene, tmp_path).play()
     assert scene.columns[0][0].pos == (2, -0.5)
 
-
-# ---- targets and constructors of scripts
 
 @pytest.fixture
 def world(tmp_path):

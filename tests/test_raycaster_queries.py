@@ -6,8 +6,7 @@ import pytest
 from zelvarine import PositionComponent, Vector2
 
 from reference import Camera, Scene, Sprite, pick_point, pick_sprite, trace
-from scenes import image, random_scene, room
-from world import World
+from scenes import World, image, random_scene, room
 
 pytestmark = pytest.mark.filterwarnings("ignore::pytest.PytestUnraisableExceptionWarning")
 

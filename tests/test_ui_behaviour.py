@@ -89,8 +89,7 @@ def test_through_a_real_engine(engine, tmp_path):
 
 
 def test_values_of_sliders(ui):
-    slider, half, fired = UISlider(150), UISlider(50, 50, 100), []
-    ui.subscribeEvent(SliderValueChangedEvent, fired.append)
+    slider, half, fired = UISlider(150), UISlider(50, 50, 100), helpers.record(ui, SliderValueChangedEvent)
     slider.value = 120
     assert slider.value == 100 and fired == []  # no engine yet
     ui.add(slider, 0, 0, 60)
