@@ -120,11 +120,8 @@ def test_time_of_the_last_frame(engine):
 @pytest.mark.parametrize("fps, maxFps, expected", [
     (200.0, 100, 1.0 / 100 - 1.0 / 200.0), (50.0, 100, 1e-09), (0.0, 0.5, 2.0 - 1.0)])
 def test_run_sleeps_for_the_rest_of_a_frame(monkeypatch, fps, maxFps, expected):
-    def sleep(seconds):
-        slept.append(seconds)
-        helpers.pushQuit()
-
     slept, own = [], type("Own", (Engine,), dict(getFps=lambda self: fps))()
+    sleep = lambda seconds: slept.append(seconds) or helpers.pushQuit()
     monkeypatch.setattr(zelvarine, "time", types.SimpleNamespace(sleep=sleep))
     own.init("t", (8, 8))
     own.run(maxFps)
