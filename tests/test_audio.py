@@ -95,5 +95,4 @@ def test_damaged_files(kind, engine):
     for path in (DATA / "damaged").glob("*.[wa]*"):
         with pytest.raises(IOError, match="Unable to load %s file '%s'" % (kind.__name__.lower(), path)):
             loaded.__init__(str(path))
-    with pytest.raises(EngineException):
-        loaded.play()
+    pytest.raises(EngineException, loaded.play)

@@ -1,6 +1,5 @@
 """The demo game and the gallery of widgets, played by their scripts."""
 
-import json
 import pathlib
 import re
 
@@ -34,9 +33,6 @@ def test_scripted_walk(tmp_path):
     for words in r"tree \d+ before the ", r"^east face of cell \(14, 18\)$", r"^floor of cell \(16, 1\d\) at ", "^sky$":
         assert re.search(words, text, re.MULTILINE), words
     assert "music at 64 of 128" in text and re.search(r"list of levels moved by [1-9]", text)
-    saved = json.loads((tmp_path / "saved.lvl.json").read_text())
-    player = next(entity for entity in saved["entities"] if entity["id"] == 1)
-    assert player["purse"]["gems"] >= 1 and abs(player["position"]["x"] - 18.6) < 0.2
     assert zelvarine.Texture(str(tmp_path / "screenshot-1.png")).getSize() == (320, 200)
 
 

@@ -19,8 +19,7 @@ from zelvarine import Engine, EngineSdlException, KeyEvent, Renderer, Texture
     (dict(title="\ud800"), UnicodeEncodeError, "surrogates", (0, 0))])
 def test_init_that_fails(engine, arguments, error, message, size):
     defaults = dict(title="t", size=(64, 48), captureMouse=True, audioChannels=33, killWithEscapeKey=False)
-    with pytest.raises(error, match=message):
-        engine.init(**dict(defaults, **arguments))
+    pytest.raises(error, engine.init, **dict(defaults, **arguments)).match(message)
     assert helpers.sdl.Mix_AllocateChannels(-1) == 33 and engine.getWindowSize() == size
     assert engine.isRunning() is (size == (64, 48)) is not engine.isMouseCaptured()
     engine.captureMouse(False)
@@ -155,8 +154,7 @@ def test_tasks_run_until_they_give_a_true_result(engine, monkeypatch):
     engine.update()
     assert calls[3:] == ["same frame"] and Engine._tasks == Engine._timers == []
     engine.addTask(lambda step, done: 1 / 0)
-    with pytest.raises(ZeroDivisionError):
-        engine.run()
+    pytest.raises(ZeroDivisionError, engine.run)
 
 
 def test_delayed_task_runs_on_the_main_thread(engine):

@@ -27,11 +27,8 @@ def test_handlers_of_the_exact_type_are_called_in_order():
 
 
 def test_the_list_of_handlers_is_walked_live():
-    def leaving(event):
-        engine.unsubscribeEvent(OwnEvent, leaving)
-        engine.subscribeEvent(OwnEvent, late.append)
-
     engine, late = Engine(), []
+    leaving = lambda event: (engine.unsubscribeEvent(OwnEvent, leaving), engine.subscribeEvent(OwnEvent, late.append))
     engine.subscribeEvent(OwnEvent, leaving)
     skipped = record(engine, OwnEvent)
     engine.fireEvent(OwnEvent())

@@ -37,11 +37,7 @@ def world(tmp_path):
 
 class Target(Texture):
     """64 by 40 pixels, whatever it answers."""
-
-    answer = 64, 40
-
-    def getSize(self):
-        return self.answer
+    getSize = lambda self: self.answer
 
 
 @pytest.mark.parametrize("first, then, columns", [
@@ -58,12 +54,8 @@ def test_a_target_that_lies_about_its_size(first, then, columns, world):
 
 @pytest.mark.parametrize("size", [(63, 40), (64, 39)])
 def test_a_constructor_in_the_middle_of_a_frame(size, world):
-    class Engine(zelvarine.Engine):
-        def getTimeStep(self):
-            world.renderer.__init__(target, world.level)
-            return 0.1
-
-    target, world.renderer._engine = Texture(*size), Engine()
+    target, restart = Texture(*size), lambda self: world.renderer.__init__(target, world.level) or 0.1
+    world.renderer._engine = type("Engine", (zelvarine.Engine,), {"getTimeStep": restart})()
     world.renderer.render()
     assert not numpy.asarray(target).any()     # the frame was one of another size
 
