@@ -35,8 +35,7 @@ def test_ids_are_given_kept_and_found():
     ecs.removeAllEntities()
     assert ecs.getEntities() == [] and named._ecs is None
     for bad in (True, 1.0, None, type("Id", (int,), {})(3)):
-        with pytest.raises(ValueError, match="^Entity ID must be int$"):
-            Entity(bad)
+        pytest.raises(ValueError, Entity, bad).match("^Entity ID must be int$")
 
 
 def test_membership_follows_entities_components_and_systems():
@@ -80,16 +79,14 @@ def test_basic_components_and_their_dicts():
     velocity, rotation = z.VelocityComponent(), z.RotationComponent()
     assert (velocity.x, velocity.friction, rotation.dir.x, rotation.dir.y) == (0, 2, 1, 0)
     velocity.loadFromDict(None, {"x": 1, "y": 2})
-    with pytest.raises(KeyError):
-        velocity.loadFromDict(None, {"x": 5, "y": 6, "friction": 7, "impulse": {"x": 1}})
+    pytest.raises(KeyError, velocity.loadFromDict, None, {"x": 5, "y": 6, "friction": 7, "impulse": {"x": 1}})
     assert velocity.impulse.x == 1.0
     for impulse, dumped in ((3, 0), {}), ((0, 3), {}), ((3, 4), {"impulse": {"x": 3.0, "y": 4.0}}):
         velocity.impulse = z.Vector2(*impulse)
         assert velocity.dumpToDict(None) == dict({"x": 5.0, "y": 6.0, "friction": 7.0}, **dumped)
     first, second = z.CollisionComponent(), z.CollisionComponent(1)
     assert first.hasFlags is second.hasFlags and first.hasFlags is not first.ignoreFlags
-    with pytest.raises(TypeError):
-        second.loadFromDict(None, {"radius": 2, "hasFlags": "ghost"})
+    pytest.raises(TypeError, second.loadFromDict, None, {"radius": 2, "hasFlags": "ghost"})
     assert second.radius == 2.0
     second.loadFromDict(None, {"hasFlags": []})
     assert second.dumpToDict(None) == {"radius": 0.25, "isOnlyTrigger": False, "hasFlags": [], "ignoreFlags": []}

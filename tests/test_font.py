@@ -39,8 +39,7 @@ def test_what_cannot_be_rendered():
             ("text", (1, 2, 3, 256), OverflowError, "value too large to convert to uint8_t"),
             (None, WHITE, AttributeError, "encode"), ("x" * 30000, WHITE, EngineSdlException, "EngineException")):
         for render, given in (font.render, text), (font.renderLines, ["good", text]):
-            with pytest.raises(error, match=message):
-                render(given, color)
+            pytest.raises(error, render, given, color).match(message)
     with pytest.raises(IOError, match="^Unable to load font file 'no such file \u00e4': b"):
         font.__init__("no such file \u00e4", 40)
     assert (font.filename, font.size) == ("no such file \u00e4", 40) and font.render("still open", WHITE).width > 0

@@ -14,8 +14,7 @@ def test_an_empty_level_is_a_room_with_a_checker_and_fog():
     assert (pixels.shape, pixels[0, 0], pixels[0, 63], pixels[63, 63]) == ((64, 64), 0xFF333333, 0xFFAAAAAA, 0xFF333333)
     level.fogColor, level.groundFogColor = [1, 2, 300], (value for value in (4, True, 6))
     level.fogDensity, level.groundFogDensity = 7.9, -3
-    with pytest.raises(TypeError):
-        level.fogColor = 1, 2, 3.0
+    pytest.raises(TypeError, setattr, level, "fogColor", (1, 2, 3.0))
     assert fog(level) == ((1, 3, 44), 7, (4, 1, 6), -3)
     assert level.metadata == {"width": 30, "height": 30, "fogColor": [0, 0, 0], "fogDensity": 5}
 

@@ -59,8 +59,7 @@ def test_invalid_descriptions():
             level.__init__(NAME)
         assert caught.value.filename == NAME and level.metadata == {} and cells(level) == b"\1" * 14
     for width, words in (-1, "can't convert negative value"), (2 ** 15, "a grid of 32768 by 16384 cells is too large"):
-        with pytest.raises(OverflowError, match=words):
-            load(width=width, height=2 ** 14)
+        pytest.raises(OverflowError, load, width=width, height=2 ** 14).match(words)
 
 
 def test_assets_in_the_order_of_the_file():
@@ -76,8 +75,7 @@ def test_assets_in_the_order_of_the_file():
     assert Level(NAME, ".").textures[0].width == 2
     for key, assets, error in ("sprites", [{"texture": moss}, {}], KeyError), ("textures", [moss, "no.png"], IOError):
         level.metadata[key] = assets
-        with pytest.raises(error):
-            level._loadAssets()  # what came before joins the level
+        pytest.raises(error, level._loadAssets)  # what came before joins the level
     assert [texture.width for texture in level.textures] == [8, 2, 8] * 2 + [2] and len(level.sprites) == 3
 
 
@@ -94,8 +92,7 @@ def test_entities_of_a_file_and_in_both_lists(capsys):
     level.removeEntityFromJson(*level.getEntities(z.PositionComponent))
     assert level.metadata["entities"] == [second, {"id": 3}] and level._entities[1] is added
     level.metadata["entities"] = []
-    with pytest.raises(IndexError):
-        level.removeEntityFromJson(added)
+    pytest.raises(IndexError, level.removeEntityFromJson, added)
     assert len(level._entities) == 1  # leaves the level first
     for bad in {"position": {"x": 1}}, {"sprite": {"sprite": 0}}, {"id": "x"}, None:
         with unraisableReports() as reports:
@@ -133,9 +130,7 @@ def test_failures_and_what_is_left(monkeypatch):
             (9, circle, ValueError, 0, before), (1, number, TypeError, 2, (b"", before[1]))):
         level._loadMetadata("", '{"width": 2, "height": %d}' % height)  # the grid stays
         level._entities = [Entity(1), Entity(2, component)]
-        with pytest.raises(error):
-            level.saveFile(NAME)
+        pytest.raises(error, level.saveFile, NAME)
         assert files() == left and len(level.metadata.get("entities", "")) == dumped
-    with pytest.raises(LevelFormatException):
-        Level(NAME)
+    pytest.raises(LevelFormatException, Level, NAME)
     assert [file.closed for file in opened] == [True] * 2
