@@ -81,6 +81,13 @@ def unplugAll():
         sdl.SDL_JoystickDetachVirtual(index)
 
 
+def record(engine, eventType):
+    """A list that all events of a type are added to."""
+    events = []
+    engine.subscribeEvent(eventType, events.append)
+    return events
+
+
 def addSystem(engine, function):
     """Has a function called in the system step of every frame."""
     system = type("System", (zelvarine.AbstractSystem,), {})()
@@ -88,12 +95,16 @@ def addSystem(engine, function):
     engine.ecs.addSystem(system)
 
 
-def runScript(code, timeout=60, **environment):
-    """Runs code in a process of its own and returns the process; stdout and stderr are text."""
+def runScript(*command, error="", quiet=True, **environment):
+    """Runs code, or a file, in a process of its own, which ends with the error given or none; returns its output."""
     path = [os.path.dirname(zelvarine.__file__), os.path.dirname(__file__)]
     environment = dict(os.environ, PYTHONPATH=os.pathsep.join(path), **environment)
-    return subprocess.run([sys.executable, "-c", code], env=environment, timeout=timeout,
-                          stdout=subprocess.PIPE, stderr=subprocess.PIPE, universal_newlines=True)
+    command = [sys.executable] + ["-c"] * (len(command) == 1) + list(command)
+    done = subprocess.run(command, env=environment, timeout=300, universal_newlines=True,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    assert error in done.stderr and bool(done.returncode) == bool(error), done.stderr[-2000:]
+    assert error or not quiet or done.stderr == ""
+    return done.stdout
 
 
 def cells(level):

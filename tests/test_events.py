@@ -5,16 +5,10 @@ import pytest
 
 import helpers
 import zelvarine
+from helpers import record
 from zelvarine import Engine, Event, Joystick, JoystickAddedEvent, KeyEvent, MouseClickEvent, MouseWheelEvent
 
 OwnEvent = type("OwnEvent", (Event,), {})
-
-
-def record(engine, eventType):
-    """A list that all events of a type are added to."""
-    events = []
-    engine.subscribeEvent(eventType, events.append)
-    return events
 
 
 def test_handlers_of_the_exact_type_are_called_in_order():
@@ -33,11 +27,8 @@ def test_handlers_of_the_exact_type_are_called_in_order():
 
 
 def test_the_list_of_handlers_is_walked_live():
-    def leaving(event):
-        engine.unsubscribeEvent(OwnEvent, leaving)
-        engine.subscribeEvent(OwnEvent, late.append)
-
     engine, late = Engine(), []
+    leaving = lambda event: (engine.unsubscribeEvent(OwnEvent, leaving), engine.subscribeEvent(OwnEvent, late.append))
     engine.subscribeEvent(OwnEvent, leaving)
     skipped = record(engine, OwnEvent)
     engine.fireEvent(OwnEvent())
@@ -83,8 +74,7 @@ def test_handler_that_raises(engine):
 
 @pytest.mark.parametrize("windowSize, click, expected", [
     ((128, 96), (100, 50), (50, 25)), ((128, 96), (-3, 99), (-1, 49)), ((100, 48), (99, 47), (63, 47)),
-    ((32, 48), (2 ** 31 - 1, 5), (2 ** 31 - 1, 5)),
-])
+    ((32, 48), (2 ** 31 - 1, 5), (2 ** 31 - 1, 5))])
 def test_mouse(engine, windowSize, click, expected):
     clicks, turns = ([record(engine, eventType) for _ in range(2)] for eventType in (MouseClickEvent, MouseWheelEvent))
     engine.setWindowSize(windowSize)

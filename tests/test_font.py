@@ -9,13 +9,9 @@ WHITE = (255, 255, 255)
 pytestmark = needsFont
 
 
-@pytest.fixture(scope="module")
-def font():
-    return Font(DEJAVU, 16)
-
-
 @pytest.mark.parametrize("text", ["Hello", "", "\U0001f600", "line\nbreak\ttab\x07", "\u200b", "long " * 2000])
-def test_size_color_and_alpha(font, text):
+def test_size_color_and_alpha(text):
+    font = Font(DEJAVU, 16)
     rendered = font.render(text, [10.9, 20, 30, 128])
     assert rendered.getSize() == font.getRenderedTextSize(text)
     assert rendered.height == font.getRenderedTextSize("one line")[1]
@@ -24,7 +20,8 @@ def test_size_color_and_alpha(font, text):
     assert ((words & 0xFFFFFF) == 0x0A141E).all() and (text != "Hello" or abs(int((words >> 24).max()) - 128) <= 1)
 
 
-def test_lines_stand_one_below_the_other(font):
+def test_lines_stand_one_below_the_other():
+    font = Font(DEJAVU, 16)
     wide, narrow = numpy.array(font.render("wide line", WHITE)), numpy.array(font.render("gjy", WHITE))
     page = numpy.array(font.renderLines(["wide line", "", "gjy"], WHITE))
     assert page.shape == (len(wide) + font.size + len(narrow), wide.shape[1])
@@ -42,9 +39,7 @@ def test_what_cannot_be_rendered():
             ("text", (1, 2, 3, 256), OverflowError, "value too large to convert to uint8_t"),
             (None, WHITE, AttributeError, "encode"), ("x" * 30000, WHITE, EngineSdlException, "EngineException")):
         for render, given in (font.render, text), (font.renderLines, ["good", text]):
-            with pytest.raises(error) as raised:
-                render(given, color)
-            assert message in str(raised.value)
+            pytest.raises(error, render, given, color).match(message)
     with pytest.raises(IOError, match="^Unable to load font file 'no such file \u00e4': b"):
         font.__init__("no such file \u00e4", 40)
     assert (font.filename, font.size) == ("no such file \u00e4", 40) and font.render("still open", WHITE).width > 0

@@ -26,7 +26,7 @@ def test_exceptions():
 
 
 def test_import_that_fails_can_be_tried_again():
-    result = helpers.runScript("""
+    printed = helpers.runScript("""
 import os
 try:
     import zelvarine
@@ -35,8 +35,7 @@ except Exception as error:
 os.environ["SDL_AUDIODRIVER"] = "dummy"
 import zelvarine
 zelvarine.Engine().init("t", (8, 8))""", SDL_AUDIODRIVER="none such")
-    assert result.stdout.startswith('EngineException<SDL Error>("Could not initialize the engine.", "b')
-    assert (result.returncode, result.stderr) == (0, "")
+    assert printed.startswith('EngineException<SDL Error>("Could not initialize the engine.", "b')
 
 
 def test_each_color_and_its_background(capsys):

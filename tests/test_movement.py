@@ -49,8 +49,6 @@ def at(entity):
     return pos.x, pos.y
 
 
-# ---- the rules once more, on plain numbers
-
 def pair(rng, digits, low, high):
     """With few digits circles touch exactly, and points lie on each other."""
     return tuple(round(rng.uniform(low, high) * digits) / digits for _ in "xy")
@@ -152,8 +150,6 @@ def test_a_crowd_moves_as_the_rules_say(seed, digits):
                 assert (impulse.x, impulse.y) == body.impulse
 
 
-# ---- scripts in the middle of a step
-
 def enlarge(body):
     body._components[CollisionComponent] = CollisionComponent(1.0)
 
@@ -179,26 +175,15 @@ def test_handlers_change_bodies():
 
 
 def test_code_of_scripts_between_two_movers_changes_bodies():
-    class System(MovementSystem):
-        def _updateEntity(self, entity, timeStep):
-            MovementSystem._updateEntity(self, entity, timeStep)
-            enlarge(body)
+    def meddling(cls, name):
+        """A class with a method that enlarges the body in the end."""
+        method = lambda self, *args: (getattr(cls, name)(self, *args), enlarge(body))[0]
+        return type("Own", (cls,), {name: method})
 
-    class Vector(Vector2):
-        def add(self, other):
-            enlarge(body)
-
-    class Watcher(Entity):
-        def getComponent(self, componentType):
-            enlarge(body)
-            return Entity.getComponent(self, componentType)
-
-    class Flag:
-        def __eq__(self, other):
-            enlarge(body)
-
-    for script in (dict(system=System), dict(vector=Vector), dict(cls=Watcher), dict(cls=Watcher, radius=0.1),
-                   dict(cls=Watcher, radius=0.1, velocity=None), dict(radius=0.1, ignored=[Flag()])):
+    watched, flag = dict(cls=meddling(Entity, "getComponent")), meddling(object, "__eq__")()
+    for script in (dict(system=meddling(MovementSystem, "_updateEntity")), dict(vector=meddling(Vector2, "add")),
+                   watched, dict(watched, radius=0.1), dict(watched, radius=0.1, velocity=None),
+                   dict(radius=0.1, ignored=[flag])):
         world, vector = World(script.pop("system", MovementSystem)), script.pop("vector", Vector2)
         body = world.add((10, 10), radius=0.5, flags=["a"])
         world.add((10, 8.75), velocity=(0, 0), radius=0.25)

@@ -6,8 +6,7 @@ import pytest
 from zelvarine import PositionComponent, Vector2
 
 from reference import Camera, Scene, Sprite, pick_point, pick_sprite, trace
-from scenes import image, random_scene, room
-from world import World
+from scenes import World, image, random_scene, room
 
 pytestmark = pytest.mark.filterwarnings("ignore::pytest.PytestUnraisableExceptionWarning")
 
@@ -66,6 +65,5 @@ def test_a_flat_view_and_what_is_not_on_the_screen(tmp_path):
     assert [query(x, 30) for query in cells for x in (-1, 64)] == [None] * 4
     world.renderer.getCamera().ratio = 0.0
     for query in cells:
-        with pytest.raises(ZeroDivisionError, match="^float division$"):
-            query(-1, 3)
+        pytest.raises(ZeroDivisionError, query, -1, 3).match("^float division$")
     assert world.renderer.getEntityAtScreenCoords(32, 20) is None      # neither bound of its square is a number

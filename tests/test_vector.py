@@ -20,12 +20,10 @@ def test_one_value_under_two_names():
 
 
 @pytest.mark.parametrize("v, operation, arguments, expected", [
-    # They change the vector
     (V, "set", [Own(7, 8)], (7, 8)), (V, "add", [STEEP], (3.1, 4.7)), (V, "sub", [STEEP], (2.9, 3.3)),
     (V, "scale", [True], (3, 4)), (V, "scale", [THIRD], (3.0 * THIRD, 4.0 * THIRD)), (V, "negate", [], (-3, -4)),
     (V, "normalize", [], (0.6, 0.8)), (Vector2(0, 0), "normalize", [], (0, 0)),
     (V, "rotate", [33], (COS * 3 - SIN * 4, COS * 4 + SIN * 3)),
-    # They leave it alone
     (V, "copy", [], "Vector2(3.000000, 4.000000)"), (V, "__add__", [STEEP], "Vector2(3.100000, 4.700000)"),
     (V, "__sub__", [STEEP], "Vector2(2.900000, 3.300000)"), (V, "__mul__", [2], "Vector2(6.000000, 8.000000)"),
     (V, "__mul__", [SOUTH], 12.0), (EAST, "getDegrees", [], 0.0), (SOUTH, "getDegrees", [], 90.0),
