@@ -3,8 +3,8 @@ import random
 
 import numpy
 import pytest
-from zelvarine import (ANCHOR_BOTTOM, ANCHOR_CENTER, ANCHOR_RIGHT, SIZE_FIXED, SIZE_GROW, Font, UIWidget, Texture,
-                       UIAnchoredContainer, UIButton, UIImage, UIListContainer, UIPanel, UIScrollPanel, UISlider, UIText)
+from zelvarine import (ANCHOR_BOTTOM, ANCHOR_CENTER, ANCHOR_RIGHT, SIZE_FIXED, SIZE_GROW, Font, UISlider, UIWidget,
+                       UIAnchoredContainer, UIButton, UIImage, UIListContainer, UIPanel, UIScrollPanel, Texture, UIText)
 
 import helpers
 from ui_reference import BACKGROUND, FONT_COLOR, WIDGETS, FlatFont, Rect, Sketch, Surface, ui
