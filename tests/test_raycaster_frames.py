@@ -7,7 +7,7 @@ import pytest
 import zelvarine
 from zelvarine import RaycastingRenderer, Texture
 
-from reference import BACKGROUND, Camera, Scene, Sprite
+from reference import BACKGROUND, Scene, Sprite
 from scenes import World, image, put, random_camera, random_scene, room, with_fog
 
 pytestmark = pytest.mark.filterwarnings("ignore::pytest.PytestUnraisableExceptionWarning")
