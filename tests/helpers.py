@@ -3,6 +3,7 @@ import contextlib
 import ctypes
 import io
 import os
+import pathlib
 import struct
 import subprocess
 import sys
@@ -17,6 +18,7 @@ sdl.SDL_GetKeyboardState.restype = ctypes.POINTER(ctypes.c_uint8)
 sdl.SDL_GetWindowTitle.restype = ctypes.c_char_p
 sdl.SDL_JoystickFromInstanceID.restype = sdl.SDL_GetWindowFromID.restype = ctypes.c_void_p
 
+DATA = pathlib.Path(__file__).resolve().parent / "data"
 DEJAVU = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
 needsFont = pytest.mark.skipif(not os.path.exists(DEJAVU), reason="needs Debian's package fonts-dejavu-core")
 

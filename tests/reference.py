@@ -60,8 +60,6 @@ class Scene:
             render_sprites(self)
 
 
-# ---- pixels
-
 def channels(operation, base, color):
     """`operation` on red, green and blue; the alpha of `base` stays."""
     word = base & 0xFF000000
@@ -103,8 +101,6 @@ def foot_fog(ground_fog, y, start, span):
     ratio = single(single(single(y) - single(start)) / single(span))
     return int(single(single(ground_fog) * single(ratio * ratio)))
 
-
-# ---- geometry
 
 def length(x, y):
     return sqrt(x * x + y * y)
@@ -194,8 +190,6 @@ def trace(level, pos, direction):
     return hit, ray
 
 
-# ---- sky, walls, floors and ceilings
-
 def render_sky(scene):
     sky, camera, w, h = scene.level.sky, scene.camera, scene.width, scene.height
     if sky is None:
@@ -282,8 +276,6 @@ def render_flat(scene, plane, ray, x, rows):
             scene.frame[y][x] = mix(texel, usable(level.fog_color), fog)
 
 
-# ---- sprites
-
 def to_view(camera, pos):
     """A world point as (depth along the view, offset to the right)."""
     angle = (360.0 - atan2(camera.dir[1], camera.dir[0]) * DEGREES) * RADIANS
@@ -364,8 +356,6 @@ def draw_sprite(scene, sprite, depth, screen_x, half_h):
             tex_y += step_y
         tex_x += step_x
 
-
-# ---- picking
 
 def pick_sprite(scene, x, y):
     camera, width, height = scene.camera, scene.width, scene.height

@@ -82,11 +82,10 @@ def random_sprite(rng, level, eye, additive):
         pos = eye[0] + rng.gauss(0, 0.01), eye[1] + rng.gauss(0, 0.01)
     return Sprite(pos, sheet, facing=rng.choice([(1.0, 0.0), (rng.gauss(0, 1), rng.gauss(0, 1))]),
                   x_frames=x_frames, y_frames=y_frames, frame_count=rng.randint(1, x_frames * y_frames // directions),
-                  directions=directions, start_frame=rng.choice([0, 0, 1, 11]), oscillate=oscillate,
-                  speed=rng.choice([5.0, rng.uniform(-3 if oscillate else 0, 9)]),
-                  percentage=rng.choice([0.0, 0.75, 0.3, 0.99, 3.0, -2.0]),
-                  shadeless=rng.random() < 0.25, additive=additive, z_offset=rng.choice([0.0, 0.4, -1.3, -40.0]),
-                  scale=rng.choice([1.0, 0.5, 2.7, 0.01]))
+                  directions=directions, start_frame=rng.choice([0, 0, 1, 11]), oscillate=oscillate, additive=additive,
+                  speed=rng.choice([5.0, rng.uniform(-3 if oscillate else 0, 9)]), shadeless=rng.random() < 0.25,
+                  percentage=rng.choice([0.0, 0.75, 0.3, 0.99, 3.0, -2.0]), scale=rng.choice([1.0, 0.5, 2.7, 0.01]),
+                  z_offset=rng.choice([0.0, 0.4, -1.3, -40.0]))
 
 
 def random_scene(rng):
@@ -100,8 +99,7 @@ def random_scene(rng):
 
 
 class SteadyEngine(zelvarine.Engine):
-    def getTimeStep(self):
-        return TIME_STEP
+    getTimeStep = lambda self: TIME_STEP
 
 
 def texture(image):

@@ -1,15 +1,14 @@
 """Sounds and music, playing in real time where it matters."""
 
-import pathlib
 import time
 
 import helpers
 import numpy
 import pytest
 import zelvarine as z
+from helpers import DATA
 from zelvarine import EngineException, Music, MusicStoppedEvent, Sound, SoundHandle
 
-DATA = pathlib.Path(__file__).resolve().parent / "data"
 WAV, OGG = str(DATA / "click.wav"), str(DATA / "tone.ogg")  # 100 ms each
 
 
@@ -43,7 +42,6 @@ def test_handles_control_and_tell_of_their_sound(engine):
 
 def test_each_ending_of_music_becomes_one_event_and_none_is_lost(engine):
     def endings(frames):
-        """The number of events in each frame."""
         return [len(events) for _ in range(frames) if not (events.clear() or engine.update())]
 
     music, other, events = Music(WAV), Music(OGG), helpers.record(engine, MusicStoppedEvent)

@@ -63,15 +63,7 @@ def test_constructors_fill_all_fields_anew():
     (z.Camera, "(pos, dir, fov, pitch, ratio=1.6)", ""),
     (z.Engine.init, "(self, /, title, size, fullscreen=False, show=True, resizeable=False, windowid=-1, icon=None, "
      "captureMouse=False, audioChannels=32, killWithEscapeKey=True)", "\n@param(killWithEscapeKey=True, bool)"),
-    (z.UIWidget.setMargin, "(self, /, *args)", ""),
     (z.UIWidget.getParent, "(self, /)", "\n@return(AbstractUIContainer or None)")])
 def test_documentation(member, signature, end):
     assert str(inspect.signature(member)) == signature
     assert member.__doc__.endswith(end), member.__doc__
-
-
-def test_vectors_of_references_are_seen_by_the_collector():
-    container = z.UIAnchoredContainer()
-    container.addChild(z.UIWidget(), 0, 0)
-    for holder, held in (container, z._UIAnchorWrapper), (z.Level(), z.Texture):
-        assert held in map(type, gc.get_referents(holder))

@@ -59,7 +59,6 @@ def test_user_ends_run_but_not_the_window(engine, stop):
     "engine.addTask(quitHere)", "helpers.addSystem(engine, quitHere)", "painter.getTarget = quitHere",
     "engine.subscribeEvent(zelvarine.KeyEvent, quitHere), helpers.pushKey(97), helpers.pushKey(98)"])
 def test_quit_inside_a_frame(arrange):
-    """Ends every engine of the process and its joysticks; all stay safe, and the engines can be started again."""
     helpers.runScript("""
 import helpers, zelvarine
 engine, other = zelvarine.Engine(), zelvarine.Engine()

@@ -57,7 +57,6 @@ def test_keys_and_modifiers(engine, scancode):
 
 
 def test_handler_that_raises(engine):
-    """Ends the input of this frame; the events behind it come in the next one."""
     engine.subscribeEvent(KeyEvent, int)  # raises without a line of Python
     rest, clicks, frames = record(engine, KeyEvent), record(engine, MouseClickEvent), []
     engine.addTask(lambda step, done: frames.append(len(clicks)))

@@ -5,8 +5,7 @@ from types import SimpleNamespace
 
 import pytest
 
-from reference import Level as Grid
-from reference import length, normalized, single, trace
+from reference import Level as Grid, length, normalized, single, trace
 from zelvarine import (CollisionComponent, CollisionEvent, Ecs, Engine, Entity, Level, MovementSystem,
                        PositionComponent, Vector2, VelocityComponent)
 
@@ -190,14 +189,6 @@ def test_code_of_scripts_between_two_movers_changes_bodies():
         world.add((20, 20), **dict(dict(velocity=(0, 0)), **script))._components[PositionComponent].pos = vector(20, 20)
         second = world.add((10, 11.2), velocity=(0, 0), radius=0.25)
         assert world.step() == [(second, body)]
-
-
-def test_a_wall_pushes_from_where_a_handler_has_put_the_mover():
-    world = World()
-    mover = world.add((1.25, 1.25), velocity=(0, 0), radius=0.3)
-    world.react(1, lambda: setattr(mover.getComponent(PositionComponent), "x", 1.27))
-    assert world.step() == [(mover, None)] * 2
-    assert at(mover) == pytest.approx((1.28, 1.3))
 
 
 def test_the_bodies_come_along():

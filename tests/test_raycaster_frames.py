@@ -30,6 +30,15 @@ def test_random_scene_over_several_frames(seed, tmp_path):
         world.play()
 
 
+def test_a_view_without_a_direction_meets_a_wall_beyond_the_edge(tmp_path):
+    level = room(6, 6, [image(8, 1, lambda x, y: 0xFF000000 + 30 * x)])
+    for x, block in ((2, 4), (3, 0)):
+        put(level, x, 0, 0, block)
+    scene = Scene(level, Camera((4.0, 1.5), (0, 0)))
+    World(scene, tmp_path).play()
+    assert scene.columns[0][0].pos == (2, -0.5)
+
+
 @pytest.fixture
 def world(tmp_path):
     white = image(2, 2, 0xFFFFFFFF)

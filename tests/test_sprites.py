@@ -1,14 +1,12 @@
 """Images from files, sprite sheets, their animations, and the component that plays them."""
 
 import hashlib
-import pathlib
 import types
 
 import helpers
 import pytest
+from helpers import DATA
 from zelvarine import BLENDMODE_ADD, Sprite, SpriteAnimation, SpriteComponent, Texture
-
-DATA = pathlib.Path(__file__).resolve().parent / "data"
 
 
 def animation(name="walk", frames=4, speed=0.5, start=2, directions=8):
@@ -69,17 +67,14 @@ def test_dict_form_there_and_back():
     for given, dumped in (full, full.items()), ({"sprite": 0}, plain):
         shown.loadFromDict(level, given)
         assert list(shown.dumpToDict(level).items()) == list(dumped)
-    with pytest.raises(KeyError):
-        shown.loadFromDict(level, dict(full, currentAnimation="fly"))  # key by key, up to the bad one
+    pytest.raises(KeyError, shown.loadFromDict, level, dict(full, currentAnimation="fly"))  # up to the bad key
     assert (shown.sprite, shown.blendMode, shown.animationPercentage) == (level._sprites[1], "add", 0.0)
 
 
 def test_dicts_go_through_the_properties_of_a_game():
-    class Own(SpriteComponent):
-        currentAnimation = currentAnimationKey = animationPercentage = property(
-            lambda self: 7, lambda self, value: calls.append(value))
-
-    calls, shown, only = [], Own(), animation()
+    own, put = type("Own", (SpriteComponent,), {}), property(lambda self: 7, lambda self, value: calls.append(value))
+    own.currentAnimation = own.currentAnimationKey = own.animationPercentage = put
+    calls, shown, only = [], own(), animation()
     level = types.SimpleNamespace(_sprites=[sprite(only)])
     for given in {}, {"currentAnimation": "x", "animationPercentage": "y"}:
         shown.loadFromDict(level, dict(given, sprite=0))

@@ -1,11 +1,13 @@
 """Answers to the mouse, scripts that override widgets, and misuse."""
+import functools
+
 import pytest
 from zelvarine import (MOUSE_LEFT, ButtonClickEvent, EngineException, MouseClickEvent, MouseWheelEvent,
                        SliderValueChangedEvent, Texture, UIAnchoredContainer, UIButton, UIImage, UIListContainer,
                        UIPanel, UIRenderer, UIScrollPanel, UISlider, UIText, UIWidget)
 
 import helpers
-from ui_reference import BACKGROUND, FlatTheme, sized, ui, write_theme
+from ui_reference import BACKGROUND, WIDGETS, FlatTheme, Sketch, sized, ui, write_theme
 
 CLICK, WHEEL = MouseClickEvent(0, 0, 1), MouseWheelEvent(0, 1)
 
@@ -205,6 +207,23 @@ def test_children_that_refuse(ui, make, add):
     w.getChildren().append(w)
     for walk, *given in (ui.frame,), (w.update, 0, 0, 0), (w._onClick, CLICK), (w._onScroll, WHEEL):
         pytest.raises(RecursionError, walk, *given)
+
+
+@pytest.mark.parametrize("make, missing, steps", [
+    (lambda: UIButton(""), "button normal middle", lambda s: s.blit((2, 1, 4, 20), (5, 6, 4, 20))),
+    (UIPanel, "panel x", lambda s: None),
+    (lambda: UISlider(1), "slider leftButton", lambda s: s.bar(WIDGETS["slider"]["horizontalBackground"], 5, 6, 40))])
+def test_what_is_drawn_before_a_failure(ui, make, missing, steps):
+    widget, sketch, (*keys, last) = ui.add(make(), 5, 6, 40, 30), Sketch(), missing.split()
+    ui.frame()
+    ui.target.fill((0x20, 0x40, 0x60))
+    del functools.reduce(dict.get, keys, ui.theme.widgets)[last]
+    pytest.raises(KeyError, widget.render)
+    steps(sketch)
+    assert (ui.pixels == sketch.pixels).all()
+    ui.target.fill((0, 0, 0))
+    sketch.pixels[6:36, 5:45] = 0xFF000000
+    assert (ui.pixels == sketch.pixels).all()  # the step that ends the cut was not reached
 
 
 def test_failures_of_theme_clip_and_texture(ui):

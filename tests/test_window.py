@@ -49,8 +49,7 @@ def test_fullscreen(engine):
 
 
 @pytest.mark.parametrize("arguments, expected", [
-    (dict(), 0), (dict(show=False, windowid=-1.0), HIDDEN), (dict(resizeable=True), RESIZABLE),
-    (dict(captureMouse=True), GRABBED)])
+    ({}, 0), (dict(show=0, windowid=-1.0), HIDDEN), (dict(resizeable=1), RESIZABLE), (dict(captureMouse=1), GRABBED)])
 def test_flags_of_the_window(engine, arguments, expected):
     engine.init("t", (40, 30), **arguments)
     assert helpers.sdl.SDL_GetWindowFlags(helpers.newestWindow()) & (HIDDEN | RESIZABLE | GRABBED) == expected
@@ -79,7 +78,6 @@ def test_files(engine, tmp_path):
 
 @pytest.mark.skipif(not (shutil.which("Xvfb") and shutil.which("xdotool")), reason="needs Debian's xvfb and xdotool")
 def test_real_window():
-    """On a display of its own, with a mouse and a keyboard."""
     with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "640x480x24"], universal_newlines=True,
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as display:
         try:
