@@ -49,9 +49,10 @@ static bool isSeen(const WorldStrips& world, const Run& run, int below, int abov
     const Ints ints;
     auto seen = hn::Zero(ints);
     for (int i = 0; i < run.columns; i += static_cast<int>(hn::Lanes(ints))) {
-        size_t x = static_cast<size_t>(run.begin + i);
-        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::LoadU(ints, &world.bottom[x]), hn::Set(ints, below + 1))));
-        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::Set(ints, above), hn::LoadU(ints, &world.top[x]))));
+        auto bottom = hn::LoadU(ints, world.bottom.data() + run.begin + i);
+        auto top = hn::LoadU(ints, world.top.data() + run.begin + i);
+        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(bottom, hn::Set(ints, below + 1))));
+        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::Set(ints, above), top)));
     }
     return !hn::AllTrue(ints, hn::Eq(seen, hn::Zero(ints)));
 }
@@ -66,8 +67,7 @@ HWY_NOINLINE void findPoints(const WorldStrips& world, double rowDist, TextureSi
     const auto gridWidth = hn::Set(ints, world.scene.grid.width), gridHeight = hn::Set(ints, world.scene.grid.height);
     const auto texWidth = hn::Set(doubles, size.width), texHeight = hn::Set(doubles, size.height);
     for (int i = 0; i < run.columns; i += lanes) {
-        const double *rayX = &world.rayX[static_cast<size_t>(run.begin + i)],
-                     *rayY = &world.rayY[static_cast<size_t>(run.begin + i)];
+        const double *rayX = world.rayX.data() + run.begin + i, *rayY = world.rayY.data() + run.begin + i;
         auto x0 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayX)), posX);
         auto y0 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayY)), posY);
         auto x1 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayX + half)), posX);
