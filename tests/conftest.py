@@ -14,11 +14,11 @@ import zelvarine
 
 
 @pytest.fixture(autouse=True)
-def freshRegistries():
+def fresh_registries():
     """Takes out of the Engine class, and out of SDL, what a test left there."""
-    helpers.flushEvents()
+    helpers.flush_events()
     yield
-    helpers.unplugAll()
+    helpers.unplug_all()
     for timer in zelvarine.Engine._timers:
         timer.cancel()
     for registry in ("_eventSubscribers", "_tasks", "_timers", "_joysticks"):
@@ -30,7 +30,7 @@ def engine():
     """A running engine with a picture of 64 by 48."""
     engine = zelvarine.Engine()
     engine.init("test", (64, 48))
-    helpers.flushEvents()
+    helpers.flush_events()
     yield engine
     del engine
     gc.collect()  # an engine and its Ecs refer to each other

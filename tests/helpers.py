@@ -20,7 +20,7 @@ sdl.SDL_JoystickFromInstanceID.restype = sdl.SDL_GetWindowFromID.restype = ctype
 
 DATA = pathlib.Path(__file__).resolve().parent / "data"
 DEJAVU = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
-needsFont = pytest.mark.skipif(not os.path.exists(DEJAVU), reason="needs Debian's package fonts-dejavu-core")
+needs_font = pytest.mark.skipif(not os.path.exists(DEJAVU), reason="needs Debian's package fonts-dejavu-core")
 
 
 def _push(format, *values):
@@ -28,42 +28,42 @@ def _push(format, *values):
     assert sdl.SDL_PushEvent(event) == 1
 
 
-def pushQuit():
+def push_quit():
     _push("I", 0x100)
 
 
-def pushKey(key, scancode=0, down=True, repeat=False):
+def push_key(key, scancode=0, down=True, repeat=False):
     _push("IIIBBxxiiHxxI", 0x300 if down else 0x301, 0, 0, down, repeat, scancode, key, 0, 0)
 
 
-def pushMotion(xrel, yrel, x=0, y=0):
+def push_motion(xrel, yrel, x=0, y=0):
     _push("IIIIIiiii", 0x400, 0, 0, 0, 0, x, y, xrel, yrel)
 
 
-def pushButton(x, y, button=zelvarine.MOUSE_LEFT, down=False):
+def push_button(x, y, button=zelvarine.MOUSE_LEFT, down=False):
     _push("IIIIBBBxii", 0x401 if down else 0x402, 0, 0, 0, button, down, 1, x, y)
 
 
-def pushWheel(x, y):
+def push_wheel(x, y):
     _push("IIIIiiI", 0x403, 0, 0, 0, x, y, 0)
 
 
-def newestWindow():
+def newest_window():
     return ctypes.c_void_p(next(filter(None, map(sdl.SDL_GetWindowFromID, range(10000, 0, -1)))))
 
 
-def moveMouse(x, y):
+def move_mouse(x, y):
     """Moves the mouse over the newest window, as far as SDL is concerned."""
-    sdl.SDL_WarpMouseInWindow(newestWindow(), x, y)
+    sdl.SDL_WarpMouseInWindow(newest_window(), x, y)
 
 
-def flushEvents():
+def flush_events():
     sdl.SDL_PumpEvents()
     sdl.SDL_FlushEvents(0, 0xFFFF)
 
 
 @contextlib.contextmanager
-def unraisableReports():
+def unraisable_reports():
     """A file that holds what is reported of exceptions which could not be passed on."""
     hook = getattr(sys, "__unraisablehook__", None)  # pytest has put in its own; Python 3.7 has none
     reports = io.StringIO()
@@ -71,14 +71,14 @@ def unraisableReports():
         yield reports
 
 
-def plugIn(axes, buttons):
-    """A joystick that exists in SDL alone, until unplugAll(); returns what SDL knows it by."""
+def plug_in(axes, buttons):
+    """A joystick that exists in SDL alone, until unplug_all(); returns what SDL knows it by."""
     index = sdl.SDL_JoystickAttachVirtual(1, axes, buttons, 0)  # 1: a game controller
     assert index >= 0
     return sdl.SDL_JoystickGetDeviceInstanceID(index)
 
 
-def unplugAll():
+def unplug_all():
     for index in reversed(range(sdl.SDL_NumJoysticks())):
         sdl.SDL_JoystickDetachVirtual(index)
 
@@ -90,14 +90,14 @@ def record(engine, eventType):
     return events
 
 
-def addSystem(engine, function):
+def add_system(engine, function):
     """Has a function called in the system step of every frame."""
     system = type("System", (zelvarine.AbstractSystem,), {})()
     system.update = function
     engine.ecs.addSystem(system)
 
 
-def runScript(*command, error="", quiet=True, **environment):
+def run_script(*command, error="", quiet=True, **environment):
     """Runs code, or a file, in a process of its own, which ends with the error given or none; returns its output."""
     path = [os.path.dirname(zelvarine.__file__), os.path.dirname(__file__)]
     environment = dict(os.environ, PYTHONPATH=os.pathsep.join(path), **environment)

@@ -16,7 +16,7 @@ WAV, OGG = str(DATA / "click.wav"), str(DATA / "tone.ogg")  # 100 ms each
 def test_what_is_heard(kind, tmp_path):
     """Counts the samples that reach the device, which takes them as fast as they come."""
     recording = str(tmp_path / "recording")
-    helpers.runScript("""
+    helpers.run_script("""
 import helpers, time, zelvarine
 player = zelvarine.{}({!r})
 for times in 1, 3:

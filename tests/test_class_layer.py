@@ -48,7 +48,7 @@ def test_a_class_outlives_its_instances_and_no_more(cls):
     "engine.subscribeEvent(z.Event, engine.fireEvent); engine.fireEvent(z.Event())",
     "system.update = engine.ecs.update; engine.ecs.addSystem(system); engine.ecs.update(1)"])
 def test_endless_recursion_of_native_code(recursion):
-    helpers.runScript("import zelvarine as z\nengine = z.Engine()\n"
+    helpers.run_script("import zelvarine as z\nengine = z.Engine()\n"
                       "system = type('Own', (z.AbstractSystem,), {})()\n" + recursion, error="\nRecursionError")
 
 

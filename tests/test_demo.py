@@ -4,7 +4,7 @@ import pathlib
 import re
 
 import zelvarine
-from helpers import runScript
+from helpers import run_script
 
 EXAMPLES = pathlib.Path(__file__).resolve().parent.parent / "examples"
 
@@ -18,7 +18,7 @@ def colors(picture):
 
 
 def test_scripted_walk(tmp_path):
-    text = runScript(str(EXAMPLES / "walk.py"), "--headless", "--size", "320x200", "--pictures", str(tmp_path),
+    text = run_script(str(EXAMPLES / "walk.py"), "--headless", "--size", "320x200", "--pictures", str(tmp_path),
                      "--save", str(tmp_path / "saved.lvl"))
     found = int(re.search(r"(\d+) of 11 gems", text).group(1))
     assert found >= 5
@@ -37,7 +37,7 @@ def test_scripted_walk(tmp_path):
 
 
 def test_gallery_answers_the_mouse(tmp_path):
-    text = runScript(str(EXAMPLES / "widgets.py"), "--headless", "--pictures", str(tmp_path))
+    text = run_script(str(EXAMPLES / "widgets.py"), "--headless", "--pictures", str(tmp_path))
     red, green, blue, alpha, width, height = map(int, re.search(
         r"color (\d+), (\d+), (\d+), alpha (\d+), picture (\d+) by (\d+)", text).groups())
     assert red < 30 and 80 < green < 110 and blue > 230 and 140 < alpha < 170 and width > 180 and height == 110

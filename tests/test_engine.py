@@ -24,13 +24,13 @@ def test_init_that_fails(engine, arguments, error, message, size):
     assert engine.isRunning() is (size == (64, 48)) is not engine.isMouseCaptured()
     engine.captureMouse(False)
     if engine.isRunning():
-        helpers.pushKey(zelvarine.KEY_ESCAPE)
+        helpers.push_key(zelvarine.KEY_ESCAPE)
         engine.update()
         assert engine.isRunning()
 
 
 def test_ctrl_c_ends_run():
-    helpers.runScript("""
+    helpers.run_script("""
 import os, signal, threading, zelvarine
 engine = zelvarine.Engine()
 engine.run()  # returns at once
@@ -39,15 +39,15 @@ threading.Timer(0.2, os.kill, (os.getpid(), signal.SIGINT)).start()
 engine.run(100000)""", error="\nKeyboardInterrupt\n")
 
 
-@pytest.mark.parametrize("stop", [helpers.pushQuit, lambda: helpers.pushKey(zelvarine.KEY_ESCAPE)])
+@pytest.mark.parametrize("stop", [helpers.push_quit, lambda: helpers.push_key(zelvarine.KEY_ESCAPE)])
 def test_user_ends_run_but_not_the_window(engine, stop):
     seen = []
-    helpers.addSystem(engine, seen.append)
+    helpers.add_system(engine, seen.append)
     engine.subscribeEvent(KeyEvent, lambda event: seen.append(event.key))
     engine.addTaskAfter(60, print)
     timer, = Engine._timers
     stop()
-    helpers.pushKey(zelvarine.KEY_A)
+    helpers.push_key(zelvarine.KEY_A)
     engine.run()
     assert engine.isRunning() is False and engine.getWindowSize() == (64, 48)
     assert seen[-2:] == [zelvarine.KEY_A, engine.getTimeStep()]  # the frame runs to its end
@@ -56,19 +56,19 @@ def test_user_ends_run_but_not_the_window(engine, stop):
 
 
 @pytest.mark.parametrize("arrange", [
-    "engine.addTask(quitHere)", "helpers.addSystem(engine, quitHere)", "painter.getTarget = quitHere",
-    "engine.subscribeEvent(zelvarine.KeyEvent, quitHere), helpers.pushKey(97), helpers.pushKey(98)"])
+    "engine.addTask(quit_here)", "helpers.add_system(engine, quit_here)", "painter.getTarget = quit_here",
+    "engine.subscribeEvent(zelvarine.KeyEvent, quit_here), helpers.push_key(97), helpers.push_key(98)"])
 def test_quit_inside_a_frame(arrange):
-    helpers.runScript("""
+    helpers.run_script("""
 import helpers, zelvarine
 engine, other = zelvarine.Engine(), zelvarine.Engine()
 engine.init("t", (64, 48)), other.init("t", (64, 48))
-helpers.plugIn(2, 2)
+helpers.plug_in(2, 2)
 engine.update()
 joystick, = engine.joysticks
 target = zelvarine.Texture(64, 48)
 painter = type("Painter", (zelvarine.Renderer,), {})(target)
-def quitHere(*arguments):
+def quit_here(*arguments):
     engine.quit()
     return target
 """ + arrange + """
@@ -93,7 +93,7 @@ def test_order_of_a_frame_and_overridden_methods():
     own.init("t", (8, 8), icon="name")
     own.addTask(note("task", True))
     own.ecs.addSystem(type("Painter", (Renderer,), dict(update=note("system"), getTarget=note("upload")))(None))
-    helpers.pushKey(zelvarine.KEY_A)
+    helpers.push_key(zelvarine.KEY_A)
     own.update()
     own.toggleFullscreen()
     assert order == ["icon", "ensure", "event", "task", "system", "upload", "event"]
@@ -105,7 +105,7 @@ def test_time_of_the_last_frame(engine):
     assert engine.getFps() <= 1000.0
     time.sleep(0.02)
     seen = []
-    helpers.addSystem(engine, seen.append)
+    helpers.add_system(engine, seen.append)
     engine.update()
     step = engine.getTimeStep()
     assert seen == [step] and step >= 0.019  # the clocks of sleep() and of SDL may differ a little
@@ -119,7 +119,7 @@ def test_time_of_the_last_frame(engine):
     (200.0, 100, 1.0 / 100 - 1.0 / 200.0), (50.0, 100, 1e-09), (0.0, 0.5, 2.0 - 1.0)])
 def test_run_sleeps_for_the_rest_of_a_frame(monkeypatch, fps, maxFps, expected):
     slept, own = [], type("Own", (Engine,), dict(getFps=lambda self: fps))()
-    sleep = lambda seconds: slept.append(seconds) or helpers.pushQuit()
+    sleep = lambda seconds: slept.append(seconds) or helpers.push_quit()
     monkeypatch.setattr(zelvarine, "time", types.SimpleNamespace(sleep=sleep))
     own.init("t", (8, 8))
     own.run(maxFps)
@@ -148,8 +148,8 @@ def test_tasks_run_until_they_give_a_true_result(engine, monkeypatch):
     for _ in range(3):
         engine.update()
         assert calls[-1] == (engine.getTimeStep(), "done")
-    sameFrame = lambda step, done: calls.append(done) or True
-    engine.addTask(lambda step, done: engine.addTaskAfter(0, sameFrame, "same frame") or True)
+    same_frame = lambda step, done: calls.append(done) or True
+    engine.addTask(lambda step, done: engine.addTaskAfter(0, same_frame, "same frame") or True)
     engine.update()
     assert calls[3:] == ["same frame"] and Engine._tasks == Engine._timers == []
     engine.addTask(lambda step, done: 1 / 0)

@@ -39,10 +39,10 @@ def test_the_list_of_handlers_is_walked_live():
 def test_keys_and_modifiers(engine, scancode):
     engine.init("t", (8, 8), killWithEscapeKey=False)
     events, others = record(engine, KeyEvent), record(engine, KeyEvent)
-    helpers.pushKey(zelvarine.KEY_A)
-    helpers.pushKey(zelvarine.KEY_A, repeat=True)
-    helpers.pushKey(zelvarine.KEY_A, down=False)
-    helpers.pushKey(zelvarine.KEY_ESCAPE)
+    helpers.push_key(zelvarine.KEY_A)
+    helpers.push_key(zelvarine.KEY_A, repeat=True)
+    helpers.push_key(zelvarine.KEY_A, down=False)
+    helpers.push_key(zelvarine.KEY_ESCAPE)
     held = helpers.sdl.SDL_GetKeyboardState(None)
     held[scancode] = 1
     engine.update()
@@ -60,9 +60,9 @@ def test_handler_that_raises(engine):
     engine.subscribeEvent(KeyEvent, int)  # raises without a line of Python
     rest, clicks, frames = record(engine, KeyEvent), record(engine, MouseClickEvent), []
     engine.addTask(lambda step, done: frames.append(len(clicks)))
-    helpers.pushKey(zelvarine.KEY_A)
-    helpers.pushButton(1, 1)
-    with helpers.unraisableReports() as reports:
+    helpers.push_key(zelvarine.KEY_A)
+    helpers.push_button(1, 1)
+    with helpers.unraisable_reports() as reports:
         engine.update()
     engine.update()
     assert (rest, frames) == ([], [0, 1])
@@ -77,11 +77,11 @@ def test_handler_that_raises(engine):
 def test_mouse(engine, windowSize, click, expected):
     clicks, turns = ([record(engine, eventType) for _ in range(2)] for eventType in (MouseClickEvent, MouseWheelEvent))
     engine.setWindowSize(windowSize)
-    helpers.pushButton(3, 3, down=True)
-    helpers.pushButton(*click, button=zelvarine.MOUSE_RIGHT)
-    helpers.pushWheel(-1, 2)
-    helpers.pushMotion(3, 0)
-    helpers.pushMotion(0, 4)
+    helpers.push_button(3, 3, down=True)
+    helpers.push_button(*click, button=zelvarine.MOUSE_RIGHT)
+    helpers.push_wheel(-1, 2)
+    helpers.push_motion(3, 0)
+    helpers.push_motion(0, 4)
     engine.update()
     assert engine.getMouseDist() == (0, 4)  # the last motion of the frame, not the sum
     for (first,), (second,) in (clicks, turns):
@@ -90,12 +90,12 @@ def test_mouse(engine, windowSize, click, expected):
     assert [(e.x, e.y) for e, in turns] == [(-1, 2)] * 2  # not scaled
     engine.update()
     assert engine.getMouseDist() == (0, 0)
-    helpers.moveMouse(30, 20)
+    helpers.move_mouse(30, 20)
     assert engine.getMousePos() == (30 * 64 // windowSize[0], 20 * 48 // windowSize[1])
 
 
 def test_joystick(engine, capsys):
-    device, events = helpers.plugIn(axes=3, buttons=5), record(engine, JoystickAddedEvent)
+    device, events = helpers.plug_in(axes=3, buttons=5), record(engine, JoystickAddedEvent)
     engine.update()
     joystick, = engine.joysticks
     assert [e.joystick for e in events] == [joystick] and joystick.name
@@ -110,14 +110,14 @@ def test_joystick(engine, capsys):
         for outside in (-1, 5, 2 ** 31 - 1, -2 ** 31):
             assert joystick.getAxis(outside) == 0.0 and joystick.isButtonPressed(outside) is False
     engine.joysticks.clear()
-    helpers.unplugAll()
-    helpers.plugIn(1, 1)
-    helpers.unplugAll()  # before the event of the second one is seen
+    helpers.unplug_all()
+    helpers.plug_in(1, 1)
+    helpers.unplug_all()  # before the event of the second one is seen
     engine.update()
     assert capsys.readouterr().out == "Joystick removed\n" * 2 and engine.joysticks == Engine._joysticks == [joystick]
     assert (joystick.axes, joystick.getAxis(0), joystick.isButtonPressed(0)) == (3, 0.0, False)
-    helpers.plugIn(1, 1)
-    helpers.plugIn(2, 2)
+    helpers.plug_in(1, 1)
+    helpers.plug_in(2, 2)
     engine.update()
     assert [j.axes for j in engine.joysticks] == [3, 2, 2]  # each event opens the device of the highest index
     assert str(Joystick("pad", 2, 10)) == "Joystick\n    name:    pad\n    axes:    2\n    buttons: 10\n"

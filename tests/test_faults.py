@@ -61,7 +61,7 @@ def exercise_all():
 
 
 def test_nothing_that_a_script_does_ends_the_process_or_loses_an_object(tmp_path):
-    helpers.runScript("""
+    helpers.run_script("""
 import gc, os, test_faults, zelvarine
 os.chdir(%r)
 test_faults.exercise_all()

@@ -2,11 +2,11 @@
 
 import numpy
 import pytest
-from helpers import DEJAVU, needsFont
+from helpers import DEJAVU, needs_font
 from zelvarine import EngineSdlException, Font
 
 WHITE = (255, 255, 255)
-pytestmark = needsFont
+pytestmark = needs_font
 
 
 @pytest.mark.parametrize("text", ["Hello", "", "\U0001f600", "line\nbreak\ttab\x07", "\u200b", "long " * 2000])

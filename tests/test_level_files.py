@@ -6,7 +6,7 @@ import pathlib
 
 import pytest
 import zelvarine as z
-from helpers import cells, fog, playback, unraisableReports
+from helpers import cells, fog, playback, unraisable_reports
 from zelvarine import Entity, Level, LevelFormatException, SpriteComponent, Texture, Vector2
 
 GRID, DESCRIPTION = pathlib.Path("maps/höhle.lvl"), pathlib.Path("maps/höhle.lvl.json")
@@ -42,7 +42,7 @@ def test_grid_and_fog_of_a_file():
         assert fog(level) == ((0, 0, 0), 5, (255, 255, 255), 0)
     level = load(fogColor=[1, 2, 3], fogDensity=2.9, groundFogColor=[4, 5, 6], groundFogDensity=-1)
     assert fog(level) == ((1, 2, 3), 2, (4, 5, 6), -1)
-    with unraisableReports() as reports:
+    with unraisable_reports() as reports:
         level = load(fogColor=[9, 9, 9], groundFogColor=[1], fogDensity=50)
     assert "zelvarine.Level._loadFogSettings" in reports.getvalue() and level.fogColor == (9, 9, 9)
 
@@ -95,7 +95,7 @@ def test_entities_of_a_file_and_in_both_lists(capsys):
     pytest.raises(IndexError, level.removeEntityFromJson, added)
     assert len(level._entities) == 1  # leaves the level first
     for bad in {"position": {"x": 1}}, {"sprite": {"sprite": 0}}, {"id": "x"}, None:
-        with unraisableReports() as reports:
+        with unraisable_reports() as reports:
             level = load(entities=[{"id": 1}, bad, {"id": 3}])
         assert "zelvarine.Level._loadEntities" in reports.getvalue()
         assert [entity.id for entity in level.getEntities()] == [1]

@@ -26,7 +26,7 @@ def test_exceptions():
 
 
 def test_import_that_fails_can_be_tried_again():
-    printed = helpers.runScript("""
+    printed = helpers.run_script("""
 import os
 try:
     import zelvarine

@@ -32,10 +32,10 @@ class World:
         self.engine.ecs.addEntity(entity)
         return entity
 
-    def step(self, timeStep=1.0):
+    def step(self, time_step=1.0):
         """One update; returns its events."""
         self.events.clear()
-        self.engine.ecs.update(timeStep)
+        self.engine.ecs.update(time_step)
         return list(self.events)
 
     def react(self, number, action):
@@ -70,10 +70,10 @@ def braked(impulse, loss):
     return (0.0, 0.0) if length(*brake) > speed else (impulse[0] - brake[0], impulse[1] - brake[1])
 
 
-def move(grid, bodies, body, timeStep):
+def move(grid, bodies, body, time_step):
     """One step of one body; returns what it runs into, None for walls."""
-    body.impulse = braked(body.impulse, timeStep * abs(body.friction))
-    movement = [(v + i) * timeStep for v, i in zip(body.velocity, body.impulse)]
+    body.impulse = braked(body.impulse, time_step * abs(body.friction))
+    movement = [(v + i) * time_step for v, i in zip(body.velocity, body.impulse)]
     target = [p + m for p, m in zip(body.pos, movement)]
     found = []
     for other in bodies if body.radius else ():
@@ -138,10 +138,10 @@ def test_a_crowd_moves_as_the_rules_say(seed, digits):
         found = world.system.collisionBodySystem.traceEntities(Vector2(*start), ray, reach)
         assert found == [(entities[crowd.index(body)], dist) for body, dist in expected] and (ray.x, ray.y) == unit
     for _ in range(40):
-        timeStep = rng.choice([0.5, rng.uniform(0.01, 0.3)])
+        time_step = rng.choice([0.5, rng.uniform(0.01, 0.3)])
         expected = [(entities[i], entities[crowd.index(found) if found else -1]) for i, body in enumerate(crowd)
-                    if body.velocity for found in move(grid, bodies, body, timeStep)]
-        assert world.step(timeStep) == expected
+                    if body.velocity for found in move(grid, bodies, body, time_step)]
+        assert world.step(time_step) == expected
         for entity, body in zip(entities, crowd):
             assert at(entity) == body.pos
             if body.velocity:

@@ -25,7 +25,7 @@ def test_image_files_whole_and_damaged(tmp_path):
     for whole in path, DATA / "pixels.xpm", DATA / "pixels.tga":
         assert bytes(Texture(str(whole))) == bytes(texture), whole
     damaged = [path.read_bytes()[:size] for size in range(path.stat().st_size)]
-    assert not helpers.runScript("""
+    assert not helpers.run_script("""
 import zelvarine
 for content in {!r}:
     open({!r}, "wb").write(content)

@@ -2,7 +2,7 @@
 import os
 
 import pytest
-from helpers import DEJAVU, needsFont
+from helpers import DEJAVU, needs_font
 from ui_reference import WIDGETS, write_theme
 from zelvarine import UITheme
 
@@ -21,7 +21,7 @@ def test_colors_as_words_and_as_channels(tmp_path, value, word, channels):
         pytest.raises(KeyError, look_up, "missing")
 
 
-@needsFont
+@needs_font
 def test_files_are_relative_to_the_theme_file(tmp_path, monkeypatch):
     os.symlink(DEJAVU, str(tmp_path / "near.ttf"))
     fonts = {"near": {"file": "near.ttf", "size": 9}, "far": {"file": DEJAVU, "size": 20}}

@@ -78,10 +78,10 @@ def test_through_a_real_engine(engine, tmp_path):
     renderer.widget.addChild(sized(UIScrollPanel(sized(button, 5, 300)), 30, 20), 2, 25)
     engine.update()
     for x, y in (60, 5), (14, 40):
-        helpers.moveMouse(2 * x, 2 * y)
+        helpers.move_mouse(2 * x, 2 * y)
         engine.update()
-        helpers.pushButton(2 * x, 2 * y)
-        helpers.pushWheel(0, -1)
+        helpers.push_button(2 * x, 2 * y)
+        helpers.push_wheel(0, -1)
         engine.update()
     called, click, scrolled = fired
     assert called is click and (click.target, click.x, click.y, click.button) == (button, 14, 40, MOUSE_LEFT)
@@ -238,7 +238,7 @@ def test_failures_of_theme_clip_and_texture(ui):
         assert image.alpha == kept
     ui.frame()
     ui.target.fill((0, 0, 0))
-    with helpers.unraisableReports() as reports:
+    with helpers.unraisable_reports() as reports:
         ui.root.render(0, 0, "wide", 5)
     assert "TypeError" in reports.getvalue() and (ui.pixels == 0xFF000000).all()
     ui.theme.widgets["button"]["normal"]["middle"] = 0

@@ -174,7 +174,7 @@ def check_hostile_numbers(ui, made, r):
     ui.frame(*wild(2), pressed=True)
 
 
-@helpers.needsFont
+@helpers.needs_font
 def test_shown_text_follows_text_color_and_font(ui):
     def frame(shown):
         ui.root.removeAllChildren()

@@ -14,7 +14,7 @@ def test_position_and_size(engine):
     engine.setWindowPos([10.9, 20])
     engine.setWindowSize(iter((30, 40)))
     engine.setWindowTitle("Fen\xeatre")
-    assert helpers.sdl.SDL_GetWindowTitle(helpers.newestWindow()) == b"Fen\xc3\xaatre"
+    assert helpers.sdl.SDL_GetWindowTitle(helpers.newest_window()) == b"Fen\xc3\xaatre"
     for impossible in ((0, 0), (-5, 7), (16385, 1), (1, 16385)):
         engine.setWindowSize(impossible)
         engine.update()
@@ -52,7 +52,7 @@ def test_fullscreen(engine):
     ({}, 0), (dict(show=0, windowid=-1.0), HIDDEN), (dict(resizeable=1), RESIZABLE), (dict(captureMouse=1), GRABBED)])
 def test_flags_of_the_window(engine, arguments, expected):
     engine.init("t", (40, 30), **arguments)
-    assert helpers.sdl.SDL_GetWindowFlags(helpers.newestWindow()) & (HIDDEN | RESIZABLE | GRABBED) == expected
+    assert helpers.sdl.SDL_GetWindowFlags(helpers.newest_window()) & (HIDDEN | RESIZABLE | GRABBED) == expected
     assert engine.isMouseCaptured() is (expected == GRABBED)
     engine.captureMouse(False)
     assert engine.isMouseCaptured() is False
@@ -81,7 +81,7 @@ def test_real_window():
     with subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "640x480x24"], universal_newlines=True,
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL) as display:
         try:
-            helpers.runScript("""
+            helpers.run_script("""
 import subprocess, time
 import zelvarine as z
 def play(*command, until):
