@@ -8,7 +8,6 @@
 #include <climits>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <set>
 #include <string>
 #include <string_view>

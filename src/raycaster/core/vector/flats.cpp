@@ -162,7 +162,7 @@ HWY_NOINLINE void drawRun(const WorldStrips& world, const PlaneRow& row, const F
     const int lanes = static_cast<int>(hn::Lanes(ints));
     RunWords loaded;
     loaded.load(world, row, textures, run);
-    uint32_t* out = world.target.pixels + static_cast<ptrdiff_t>(row.y) * world.target.width;
+    uint32_t* out = world.target.row(row.y);
     const auto solid = hn::Set(words, *world.scene.fog.color);
     for (int i = 0; i < run.columns; i += lanes) {
         auto region = row.region(run, i);

@@ -46,13 +46,7 @@ struct Spread {
 struct Blend {
     hn::Vec<Pairs> keep, add, keepAlpha, addAlpha;
 
-    Blend(uint32_t color, int weight) {
-        uint32_t a = static_cast<uint32_t>(weight), k = 255 - a;
-        keep = hn::BitCast(Pairs(), hn::Set(Words(), k << 16 | k));
-        add = hn::BitCast(Pairs(), hn::Set(Words(), (color >> 16 & 255) * a << 16 | (color & 255) * a));
-        keepAlpha = hn::BitCast(Pairs(), hn::Set(Words(), uint32_t{256} << 16 | k));
-        addAlpha = hn::BitCast(Pairs(), hn::Set(Words(), (color >> 8 & 255) * a));
-    }
+    Blend(uint32_t color, int weight) : Blend(color, hn::Set(Words(), static_cast<uint32_t>(weight))) {}
     // With a weight from 0 to 255 for each pixel.
     HWY_INLINE Blend(uint32_t color, hn::Vec<Words> weight) {
         auto k = hn::Sub(hn::Set(Words(), 255u), weight);
@@ -111,7 +105,7 @@ HWY_INLINE void loadBackdrop(const WorldStrips& world, int y, int x, uint32_t* w
     } else if (backdrop.kind == Backdrop::plain) {
         hn::Store(hn::Set(Words(), backdrop.color), Words(), words);
     } else {
-        const uint32_t* row = world.target.pixels + static_cast<ptrdiff_t>(y) * world.target.width;
+        const uint32_t* row = world.target.row(y);
         std::copy_n(row + x, std::min(lanes, world.view.width - x), words);
     }
 }

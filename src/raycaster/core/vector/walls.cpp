@@ -131,7 +131,7 @@ HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool li
         if (fog.groundDensity > 0) Blend(*fog.groundColor, hn::IfThenElseZero(drawn, groundWeights(b, i, row)))(spread);
         towardsFog(spread);
         auto pixels = hn::IfThenElse(solidFog, hn::Set(words, *fog.color), spread.joined());
-        uint32_t* out = world.target.pixels + static_cast<ptrdiff_t>(row) * world.target.width;
+        uint32_t* out = world.target.row(row);
         int count = world.view.width - x;
         if (!hn::AllFalse(words, hn::AndNot(drawn, region))) {
             HWY_ALIGN uint32_t backdrop[maxLanes];
