@@ -4,6 +4,10 @@
 
 #include "raycaster/core/vector/lanes.hpp"
 
+#include <algorithm>
+#include <bit>
+#include <climits>
+
 HWY_BEFORE_NAMESPACE();
 namespace zv {
 namespace HWY_NAMESPACE {
@@ -15,81 +19,90 @@ namespace HWY_NAMESPACE {
 struct Run {
     static constexpr int length = 128;  // columns
 
-    int begin, columns;
+    int begin = 0, columns = 0;
+    int top = 0, bottom = 0;                // the ceiling shows above, the floor from there on, in any column
     HWY_ALIGN int32_t cell[length];         // number in the grid, -1 beyond its edge
-    HWY_ALIGN int32_t offset[length];       // of the texel, in a texture of the size that all have
-    HWY_ALIGN double u[length], v[length];  // place in the cell, where textures differ in size
+    HWY_ALIGN int32_t texel[length];        // in textures that are alike
+    HWY_ALIGN double u[length], v[length];  // place in the cell, for textures that differ
     bool inOneCell[length];                 // for the first column of each vector
-};
 
-struct TextureSize {
-    int width, height;
+    Run() = default;
+    Run(const WorldStrips& world, int firstColumn)
+        : begin(firstColumn), columns(std::min(length, world.view.width - firstColumn)) {
+        auto from = static_cast<ptrdiff_t>(begin), to = from + columns;
+        top = *std::max_element(world.top.begin() + from, world.top.begin() + to);
+        bottom = *std::min_element(world.bottom.begin() + from, world.bottom.begin() + to);
+    }
 };
 
 // The textures by the numbers that cells hold.
 struct FlatTextures {
-    Image image[256];        // empty where the level does not hold it
-    TextureSize size{0, 0};  // of all of them; 0 where they differ
+    Image image[256];  // empty where the level does not hold it
+    // Whether all have the same size, with sides that are powers of two: then whole numbers tell cell and texel.
+    bool areAlike = true;
+    int widthBits = 0, heightBits = 0;
 
     explicit FlatTextures(const Scene& scene) {
-        bool first = true;
+        const Image* first = nullptr;
         for (int i = 0; i < noTexture; i++) {
             const Image* texture = scene.texture(i);
             if (!texture) continue;
             image[i] = *texture;
-            if (first) size = {texture->width, texture->height};
-            else if (size.width != texture->width || size.height != texture->height) size = {0, 0};
-            first = false;
+            if (!first) first = texture;
+            areAlike = areAlike && texture->width == first->width && texture->height == first->height;
         }
+        if (!first) return;
+        auto bits = [](int side) { return std::bit_width(static_cast<unsigned>(side)) - 1; };
+        widthBits = bits(first->width);
+        heightBits = bits(first->height);
+        areAlike = areAlike && first->width == 1 << widthBits && first->height == 1 << heightBits &&
+            scene.grid.width <= INT_MAX >> widthBits && scene.grid.height <= INT_MAX >> heightBits;
     }
 };
 
-// Whether the floor shows in any column of the run in the row `below`, or the ceiling in the row `above`.
-static bool isSeen(const WorldStrips& world, const Run& run, int below, int above) {
-    const Ints ints;
-    auto seen = hn::Zero(ints);
-    for (int i = 0; i < run.columns; i += static_cast<int>(hn::Lanes(ints))) {
-        auto bottom = hn::LoadU(ints, world.bottom.data() + run.begin + i);
-        auto top = hn::LoadU(ints, world.top.data() + run.begin + i);
-        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(bottom, hn::Set(ints, below + 1))));
-        seen = hn::Or(seen, hn::VecFromMask(ints, hn::Lt(hn::Set(ints, above), top)));
-    }
-    return !hn::AllTrue(ints, hn::Eq(seen, hn::Zero(ints)));
-}
+// One coordinate of a vector of points, `scale` times.
+struct Coordinate {
+    hn::Vec<Doubles> low, high;
 
-HWY_NOINLINE void findPoints(const WorldStrips& world, double rowDist, TextureSize size, Run& run) {
+    HWY_INLINE Coordinate(double scale, double dist, const double* rays, double pos) {
+        auto far = hn::Set(Doubles(), dist * scale), near = hn::Set(Doubles(), pos * scale);
+        low = hn::Add(hn::Mul(far, hn::LoadU(Doubles(), rays)), near);
+        high = hn::Add(hn::Mul(far, hn::LoadU(Doubles(), rays + hn::Lanes(Doubles()))), near);
+    }
+    HWY_INLINE hn::Vec<Ints> floor() const { return wholeNumbers(hn::Floor(low), hn::Floor(high)); }
+    HWY_INLINE void storeFractions(double* to) const {
+        hn::Store(hn::Sub(low, hn::Floor(low)), Doubles(), to);
+        hn::Store(hn::Sub(high, hn::Floor(high)), Doubles(), to + hn::Lanes(Doubles()));
+    }
+};
+
+// `alike` multiplies by powers of two before everything else, which rounds nothing.
+template <bool alike>
+HWY_NOINLINE void findPoints(const WorldStrips& world, double rowDist, const FlatTextures& textures, Run& run) {
     const Ints ints;
     const Words words;
-    const Doubles doubles;
-    const int lanes = static_cast<int>(hn::Lanes(ints)), half = lanes / 2;
-    const auto dist = hn::Set(doubles, rowDist);
-    const auto posX = hn::Set(doubles, world.view.pos.x), posY = hn::Set(doubles, world.view.pos.y);
-    const auto gridWidth = hn::Set(ints, world.scene.grid.width), gridHeight = hn::Set(ints, world.scene.grid.height);
-    const auto texWidth = hn::Set(doubles, size.width), texHeight = hn::Set(doubles, size.height);
-    for (int i = 0; i < run.columns; i += lanes) {
-        const double *rayX = world.rayX.data() + run.begin + i, *rayY = world.rayY.data() + run.begin + i;
-        auto x0 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayX)), posX);
-        auto y0 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayY)), posY);
-        auto x1 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayX + half)), posX);
-        auto y1 = hn::Add(hn::Mul(dist, hn::LoadU(doubles, rayY + half)), posY);
-        auto cellX0 = hn::Floor(x0), cellY0 = hn::Floor(y0), cellX1 = hn::Floor(x1), cellY1 = hn::Floor(y1);
-        auto u0 = hn::Sub(x0, cellX0), v0 = hn::Sub(y0, cellY0), u1 = hn::Sub(x1, cellX1), v1 = hn::Sub(y1, cellY1);
-        auto cellX = wholeNumbers(cellX0, cellX1), cellY = wholeNumbers(cellY0, cellY1);
-        auto inside = hn::And(hn::Lt(hn::BitCast(words, cellX), hn::BitCast(words, gridWidth)),
-            hn::Lt(hn::BitCast(words, cellY), hn::BitCast(words, gridHeight)));
+    const Grid& grid = world.scene.grid;
+    const int widthBits = alike ? textures.widthBits : 0, heightBits = alike ? textures.heightBits : 0;
+    const auto gridWidth = hn::Set(ints, grid.width);
+    const auto width = hn::Set(words, static_cast<uint32_t>(grid.width << widthBits));
+    const auto height = hn::Set(words, static_cast<uint32_t>(grid.height << heightBits));
+    for (int i = 0; i < run.columns; i += static_cast<int>(hn::Lanes(ints))) {
+        Coordinate pointX(1 << widthBits, rowDist, world.rayX.data() + run.begin + i, world.view.pos.x);
+        Coordinate pointY(1 << heightBits, rowDist, world.rayY.data() + run.begin + i, world.view.pos.y);
+        auto x = pointX.floor(), y = pointY.floor();
+        auto inside = hn::And(hn::Lt(hn::BitCast(words, x), width), hn::Lt(hn::BitCast(words, y), height));
+        auto cellX = hn::ShiftRightSame(x, widthBits), cellY = hn::ShiftRightSame(y, heightBits);
         auto cell =
             hn::IfThenElse(hn::RebindMask(ints, inside), hn::Add(hn::Mul(cellY, gridWidth), cellX), hn::Set(ints, -1));
         hn::Store(cell, ints, run.cell + i);
         run.inOneCell[i] = hn::AllTrue(ints, hn::Eq(cell, hn::Set(ints, hn::GetLane(cell))));
-        if (size.width > 0) {
-            auto texX = wholeNumbers(hn::Mul(u0, texWidth), hn::Mul(u1, texWidth));
-            auto texY = wholeNumbers(hn::Mul(v0, texHeight), hn::Mul(v1, texHeight));
-            hn::Store(hn::Add(hn::Mul(texY, hn::Set(ints, size.width)), texX), ints, run.offset + i);
+        if (alike) {
+            auto texX = hn::And(x, hn::Set(ints, (1 << widthBits) - 1));
+            auto texY = hn::And(y, hn::Set(ints, (1 << heightBits) - 1));
+            hn::Store(hn::Or(hn::ShiftLeftSame(texY, widthBits), texX), ints, run.texel + i);
         } else {
-            hn::Store(u0, doubles, run.u + i);
-            hn::Store(u1, doubles, run.u + i + half);
-            hn::Store(v0, doubles, run.v + i);
-            hn::Store(v1, doubles, run.v + i + half);
+            pointX.storeFractions(run.u + i);
+            pointY.storeFractions(run.v + i);
         }
     }
 }
@@ -111,7 +124,7 @@ struct PlaneRow {
 };
 
 // The words of a run before they are shaded: texels, and the backdrop between them. They are loaded one by one: a
-// vector's gather is no faster, and slow on many machines.
+// vector's gather is hardly faster, and slow on many machines.
 struct RunWords {
     HWY_ALIGN uint32_t word[Run::length];
     HWY_ALIGN int32_t isTexel[Run::length];  // -1 or 0
@@ -119,39 +132,40 @@ struct RunWords {
     HWY_NOINLINE void load(
         const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
         const int lanes = static_cast<int>(hn::Lanes(Ints()));
-        auto numberAt = [&](int i) {
-            int cell = run.cell[i];
-            return cell < 0 ? noTexture : world.scene.grid.cells[static_cast<ptrdiff_t>(cell) * cellBytes + row.plane];
-        };
-        // Solid fog hides textures that the level does not hold like all others.
-        auto shows = [&](int number) { return row.solidFog ? number != noTexture : !textures.image[number].empty(); };
         for (int i = 0; i < run.columns; i += lanes) {
             if (hn::AllFalse(Ints(), row.region(run, i))) continue;
             if (run.inOneCell[i]) {
-                int number = numberAt(i);
-                hn::Store(hn::Set(Ints(), shows(number) ? -1 : 0), Ints(), isTexel + i);
-                if (!shows(number)) loadBackdrop(world, row.y, run.begin + i, word + i);
-                else if (!row.solidFog) loadTexels(textures, number, run, i, i + lanes);
+                loadCell(world, row, textures, run, i, i + lanes);
                 continue;
             }
-            loadBackdrop(world, row.y, run.begin + i, word + i);
-            for (int k = i; k < i + lanes; k++) {
-                int number = numberAt(k);
-                isTexel[k] = shows(number) ? -1 : 0;
-                if (isTexel[k] && !row.solidFog) loadTexels(textures, number, run, k, k + 1);
+            for (int from = i, to = i; from < i + lanes; from = to) {
+                while (to < i + lanes && run.cell[to] == run.cell[from]) to++;
+                loadCell(world, row, textures, run, from, to);
             }
         }
     }
 
 private:
-    HWY_INLINE void loadTexels(const FlatTextures& textures, int number, const Run& run, int from, int to) {
+    // Columns that show the same cell.
+    HWY_INLINE void loadCell(
+        const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, const Run& run, int from, int to) {
+        int cell = run.cell[from];
+        int number =
+            cell < 0 ? noTexture : world.scene.grid.cells[static_cast<ptrdiff_t>(cell) * cellBytes + row.plane];
         const Image& texture = textures.image[number];
-        if (textures.size.width > 0) {
-            for (int k = from; k < to; k++) word[k] = texture.pixels[run.offset[k]];
+        // Solid fog hides textures that the level does not hold like all others.
+        bool shows = row.solidFog ? number != noTexture : !texture.empty();
+        for (int i = from; i < to; i++) isTexel[i] = shows ? -1 : 0;
+        if (!shows) {
+            loadBackdrop(world, row.y, run.begin + from, to - from, word + from);
+        } else if (row.solidFog) {
+            return;
+        } else if (textures.areAlike) {
+            for (int i = from; i < to; i++) word[i] = texture.pixels[run.texel[i]];
         } else {
-            for (int k = from; k < to; k++)
-                word[k] =
-                    texture.at(static_cast<int>(run.u[k] * texture.width), static_cast<int>(run.v[k] * texture.height));
+            for (int i = from; i < to; i++)
+                word[i] =
+                    texture.at(static_cast<int>(run.u[i] * texture.width), static_cast<int>(run.v[i] * texture.height));
         }
     }
 };
@@ -183,7 +197,8 @@ void drawFlats(const WorldStrips& world, int from, int to) {
     const View& view = world.view;
     const Fog& fog = world.scene.fog;
     const FlatTextures textures(world.scene);
-    Run run;
+    std::vector<Run> runs;
+    for (int x = 0; x < view.width; x += Run::length) runs.emplace_back(world, x);
     for (int away = from; away < to; away++) {
         int below = view.horizon + away, above = view.horizon - away;
         bool hasFloor = below >= 0 && below < view.height, hasCeiling = above >= 0 && above < view.height;
@@ -193,12 +208,12 @@ void drawFlats(const WorldStrips& world, int from, int to) {
         PlaneRow floor{cellFloor, below, world.bottom.data(), fogAmount >= 255,
             Blend(*fog.groundColor, fog.groundAt(rowDist)), Blend(*fog.color, fogAmount)};
         PlaneRow ceiling{cellCeiling, above, world.top.data(), fogAmount >= 255, floor.ground, floor.fog};
-        for (run.begin = 0; run.begin < view.width; run.begin += Run::length) {
-            run.columns = std::min(Run::length, view.width - run.begin);
-            if (!isSeen(world, run, hasFloor ? below : -1, hasCeiling ? above : view.height)) continue;
-            findPoints(world, rowDist, textures.size, run);
-            if (hasFloor) drawRun(world, floor, textures, run);
-            if (hasCeiling) drawRun(world, ceiling, textures, run);
+        for (Run& run : runs) {
+            bool seesFloor = hasFloor && below >= run.bottom, seesCeiling = hasCeiling && above < run.top;
+            if (!seesFloor && !seesCeiling) continue;
+            (textures.areAlike ? findPoints<true> : findPoints<false>)(world, rowDist, textures, run);
+            if (seesFloor) drawRun(world, floor, textures, run);
+            if (seesCeiling) drawRun(world, ceiling, textures, run);
         }
     }
 }

@@ -39,8 +39,6 @@ WorldStrips::WorldStrips(const WorldPicture& world) : WorldPicture(world) {
     rayY.resize(length);
     top.assign(length, 0);
     bottom.assign(length, view.height);
-    skyColumns = world.backdrop.panorama.columns;
-    skyColumns.resize(length);
     for (size_t x = 0; x < width; x++) {
         Point ray = world.columns.hits[x].rayDir;
         rayX[x] = ray.x;

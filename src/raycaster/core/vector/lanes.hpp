@@ -40,33 +40,50 @@ struct Spread {
     HWY_INLINE hn::Vec<Words> joined() const {
         return hn::BitCast(Words(), hn::Or(redBlue, hn::ShiftLeft<8>(alphaGreen)));
     }
+    HWY_INLINE hn::Vec<Words> alpha() const { return hn::ShiftRight<16>(hn::BitCast(Words(), alphaGreen)); }
+    HWY_INLINE hn::Vec<Pairs> green() const {
+        return hn::And(alphaGreen, hn::BitCast(Pairs(), hn::Set(Words(), 0xFFFFu)));
+    }
 };
 
-// mix() towards one color with one weight: (channel * keep + add) >> 8. Alpha stays, as it is multiplied by 256.
+// A number of 16 bits in both lanes of each pixel.
+HWY_INLINE hn::Vec<Pairs> twice(hn::Vec<Words> number) {
+    return hn::BitCast(Pairs(), hn::Or(number, hn::ShiftLeft<16>(number)));
+}
+
+// mix() with weights from 0 to 255: (channel * keep + add) >> 8. Alpha stays, as it is multiplied by 256.
 struct Blend {
     hn::Vec<Pairs> keep, add, keepAlpha, addAlpha;
 
     Blend(uint32_t color, int weight) : Blend(color, hn::Set(Words(), static_cast<uint32_t>(weight))) {}
-    // With a weight from 0 to 255 for each pixel.
-    HWY_INLINE Blend(uint32_t color, hn::Vec<Words> weight) {
-        auto k = hn::Sub(hn::Set(Words(), 255u), weight);
-        auto weights = hn::BitCast(Pairs(), hn::Or(weight, hn::ShiftLeft<16>(weight)));
-        keep = hn::BitCast(Pairs(), hn::Or(k, hn::ShiftLeft<16>(k)));
-        add = hn::Mul(weights, hn::BitCast(Pairs(), hn::Set(Words(), color & 0xFF00FF)));
-        keepAlpha = hn::BitCast(Pairs(), hn::Or(k, hn::Set(Words(), uint32_t{256} << 16)));
-        addAlpha = hn::BitCast(Pairs(), hn::Mul(weight, hn::Set(Words(), color >> 8 & 255)));
-    }
+    // Towards one color, with a weight for each pixel.
+    HWY_INLINE Blend(uint32_t color, hn::Vec<Words> weight) : Blend(Spread(hn::Set(Words(), color)), weight) {}
+    // Towards other pixels, with their alpha as weight.
+    explicit HWY_INLINE Blend(const Spread& colors) : Blend(colors, colors.alpha()) {}
     HWY_INLINE void operator()(Spread& pixels) const {
         pixels.redBlue = hn::ShiftRight<8>(hn::Add(hn::Mul(pixels.redBlue, keep), add));
         pixels.alphaGreen = hn::ShiftRight<8>(hn::Add(hn::Mul(pixels.alphaGreen, keepAlpha), addAlpha));
     }
+
+private:
+    HWY_INLINE Blend(const Spread& colors, hn::Vec<Words> weight) {
+        auto rest = hn::Sub(hn::Set(Words(), 255u), weight);
+        keep = twice(rest);
+        add = hn::Mul(twice(weight), colors.redBlue);
+        keepAlpha = hn::BitCast(Pairs(), hn::Or(rest, hn::Set(Words(), uint32_t{256} << 16)));
+        addAlpha = hn::Mul(twice(weight), colors.green());
+    }
 };
 
-HWY_INLINE hn::Vec<Words> addLight(hn::Vec<Words> base, hn::Vec<Words> color, hn::Vec<Pairs> weights) {
-    Spread light(hn::And(color, hn::Set(Words(), 0xFFFFFFu)));
-    light.redBlue = hn::ShiftRight<8>(hn::Mul(light.redBlue, weights));
-    light.alphaGreen = hn::ShiftRight<8>(hn::Mul(light.alphaGreen, weights));
-    return hn::BitCast(Words(), hn::SaturatedAdd(hn::BitCast(Bytes(), base), hn::BitCast(Bytes(), light.joined())));
+// What addLight() adds to each channel, with a weight from 0 to 255 for each pixel; and the sum.
+HWY_INLINE hn::Vec<Words> addedLight(const Spread& colors, hn::Vec<Words> weight) {
+    Spread added = colors;
+    added.redBlue = hn::ShiftRight<8>(hn::Mul(colors.redBlue, twice(weight)));
+    added.alphaGreen = hn::ShiftRight<8>(hn::Mul(colors.green(), twice(weight)));
+    return added.joined();
+}
+HWY_INLINE hn::Vec<Words> brightened(hn::Vec<Words> base, hn::Vec<Words> light) {
+    return hn::BitCast(Words(), hn::SaturatedAdd(hn::BitCast(Bytes(), base), hn::BitCast(Bytes(), light)));
 }
 
 // Two vectors of doubles as whole numbers, towards zero, in one vector.
@@ -94,19 +111,18 @@ HWY_INLINE void store(hn::Vec<Words> pixels, hn::Mask<Words> region, uint32_t* r
         if (wanted[i]) row[x + i] = some[i];
 }
 
-// The backdrop of a vector of columns from `x` on in a row.
-HWY_INLINE void loadBackdrop(const WorldStrips& world, int y, int x, uint32_t* words) {
+// The backdrop of a few columns from `x` on in a row.
+HWY_INLINE void loadBackdrop(const WorldStrips& world, int y, int x, int count, uint32_t* words) {
     const Backdrop& backdrop = world.backdrop;
-    const int lanes = static_cast<int>(hn::Lanes(Words()));
+    count = std::min(count, world.view.width - x);
     if (backdrop.kind == Backdrop::sky) {
         const uint32_t* row = backdrop.panorama.rows[static_cast<size_t>(y)];
-        const int* columns = &world.skyColumns[static_cast<size_t>(x)];
-        for (int i = 0; i < lanes; i++) words[i] = row[columns[i]];
+        const int* columns = &backdrop.panorama.columns[static_cast<size_t>(x)];
+        for (int i = 0; i < count; i++) words[i] = row[columns[i]];
     } else if (backdrop.kind == Backdrop::plain) {
-        hn::Store(hn::Set(Words(), backdrop.color), Words(), words);
+        std::fill_n(words, count, backdrop.color);
     } else {
-        const uint32_t* row = world.target.row(y);
-        std::copy_n(row + x, std::min(lanes, world.view.width - x), words);
+        std::copy_n(world.target.row(y) + x, count, words);
     }
 }
 

@@ -2,8 +2,9 @@
 #define HWY_TARGET_INCLUDE "raycaster/core/vector/sprites.cpp"
 #include <hwy/foreach_target.h>
 
-#include "core/blend.hpp"
 #include "raycaster/core/vector/lanes.hpp"
+
+#include <hwy/aligned_allocator.h>
 
 HWY_BEFORE_NAMESPACE();
 namespace zv {
@@ -32,68 +33,97 @@ struct SpriteColumns {
     }
 };
 
-// mix() and addLight() with the alpha of each texel as weight.
-template <bool additive> HWY_INLINE hn::Vec<Words> laidOver(hn::Vec<Words> base, const Spread& texels) {
-    const Words words;
-    const Pairs pairs;
-    auto alphaGreen = hn::BitCast(words, texels.alphaGreen);
-    auto alpha = hn::ShiftRight<16>(alphaGreen), both = hn::Or(alpha, hn::ShiftLeft<16>(alpha));
-    auto green = hn::BitCast(pairs, hn::And(alphaGreen, hn::Set(words, 0xFFFFu)));
-    auto weights = hn::BitCast(pairs, both);
-    Spread result(base);
-    if (additive) {
-        result.redBlue = hn::ShiftRight<8>(hn::Mul(texels.redBlue, weights));
-        result.alphaGreen = hn::ShiftRight<8>(hn::Mul(green, weights));
-        return hn::BitCast(words, hn::SaturatedAdd(hn::BitCast(Bytes(), base), hn::BitCast(Bytes(), result.joined())));
-    }
-    auto keep = hn::Sub(hn::Set(words, 255u), alpha);
-    auto keepAlpha = hn::BitCast(pairs, hn::Or(keep, hn::Set(words, uint32_t{256} << 16)));
-    auto keepBoth = hn::BitCast(pairs, hn::Or(keep, hn::ShiftLeft<16>(keep)));
-    result.redBlue = hn::ShiftRight<8>(hn::Add(hn::Mul(texels.redBlue, weights), hn::Mul(result.redBlue, keepBoth)));
-    result.alphaGreen = hn::ShiftRight<8>(hn::Add(hn::Mul(green, weights), hn::Mul(result.alphaGreen, keepAlpha)));
-    return result.joined();
-}
+// A vector of texels, ready to be laid over the picture with the alpha of each as its weight: as mix() does it, and as
+// addLight() does.
+struct MixedTexels {
+    Blend blend;
 
-template <bool additive> HWY_NOINLINE void drawRun(
-    const uint32_t* texels, int count, uint32_t* out, bool shadeless, const Blend& ground, const Blend& fog) {
-    const Words words;
-    const int lanes = static_cast<int>(hn::Lanes(words));
-    for (int i = 0; i < count; i += lanes) {
-        Spread spread(hn::LoadU(words, texels + i));
-        if (!shadeless) {
-            ground(spread);
-            fog(spread);
-        }
-        int left = count - i;
-        store(
-            laidOver<additive>(load(out, i, left), spread), hn::FirstN(words, static_cast<size_t>(left)), out, i, left);
+    explicit HWY_INLINE MixedTexels(const Spread& texels) : blend(texels) {}
+    HWY_INLINE hn::Vec<Words> over(hn::Vec<Words> base) const {
+        Spread pixels(base);
+        blend(pixels);
+        return pixels.joined();
     }
-}
+};
+
+struct AddedTexels {
+    hn::Vec<Words> light;
+
+    explicit HWY_INLINE AddedTexels(const Spread& texels) : light(addedLight(texels, texels.alpha())) {}
+    HWY_INLINE hn::Vec<Words> over(hn::Vec<Words> base) const { return brightened(base, light); }
+};
+
+// Draws a sprite row by row. Neighbouring rows of a near sprite show the same row of the sheet, mostly in the same fog.
+template <class Texels> struct SpriteRows {
+    const SpriteFrame& frame;
+    const Fog& fog;
+    const SpriteArea& area;
+    const MutableImage& target;
+    SpriteColumns visible;
+    std::vector<uint32_t> texels;                // of the sheet's row, for each column of the area
+    hwy::AlignedFreeUniquePtr<Texels[]> shaded;  // the same in fog, for each vector of each visible run
+
+    void draw() {
+        texels.resize(visible.sheetX.size() + WorldStrips::padding);
+        // Each run may begin a vector that the one before has not filled.
+        shaded = hwy::AllocateAligned<Texels>(texels.size() / hn::Lanes(Words()) + visible.runs.size());
+        int loadedRow = -1, shadedFog = -1;
+        double texY = area.down.texel;
+        for (int y = area.down.from; y < area.down.to; y++, texY += area.down.step) {
+            int row = sheetRow(frame, texY), rows = area.down.to - area.down.from;
+            int groundFog = frame.shadeless ? 0 : groundFogAt(frame.groundFog, y, area.down.from, rows);
+            if (row != loadedRow) load(frame.sheet.row(row));
+            if (row != loadedRow || groundFog != shadedFog) shade(groundFog);
+            loadedRow = row;
+            shadedFog = groundFog;
+            lay(target.row(y));
+        }
+    }
+
+private:
+    size_t column(const VisibleRun& run) const { return static_cast<size_t>(run.from - area.across.from); }
+
+    HWY_NOINLINE void load(const uint32_t* sheetRow) {
+        for (const VisibleRun& run : visible.runs) {
+            const size_t end = column(run) + static_cast<size_t>(run.to - run.from);
+            for (size_t i = column(run); i < end; i++) texels[i] = sheetRow[visible.sheetX[i]];
+        }
+    }
+    HWY_NOINLINE void shade(int groundFog) {
+        const Words words;
+        const Blend towardsGround(*fog.groundColor, groundFog), towardsFog(*fog.color, frame.fog);
+        Texels* next = shaded.get();
+        for (const VisibleRun& run : visible.runs) {
+            const uint32_t* from = &texels[column(run)];
+            for (int i = 0; i < run.to - run.from; i += static_cast<int>(hn::Lanes(words))) {
+                Spread spread(hn::LoadU(words, from + i));
+                if (!frame.shadeless) {
+                    towardsGround(spread);
+                    towardsFog(spread);
+                }
+                *next++ = Texels(spread);
+            }
+        }
+    }
+    HWY_NOINLINE void lay(uint32_t* row) const {
+        const Words words;
+        const Texels* next = shaded.get();
+        for (const VisibleRun& run : visible.runs) {
+            for (int x = run.from; x < run.to; x += static_cast<int>(hn::Lanes(words))) {
+                auto region = hn::FirstN(words, static_cast<size_t>(run.to - x));
+                HWY_NAMESPACE::store(
+                    next++->over(HWY_NAMESPACE::load(row, x, target.width - x)), region, row, x, target.width - x);
+            }
+        }
+    }
+};
 
 void drawSprite(const SpriteFrame& frame, const Fog& fog, const SpriteArea& area, const std::vector<RayHit>& rayHits,
     double depth, const MutableImage& target) {
     SpriteColumns visible(frame, area.across, rayHits, depth);
     if (visible.runs.empty()) return;
-    std::vector<uint32_t> texels(visible.sheetX.size() + WorldStrips::padding);
-    const Blend towardsFog(*fog.color, frame.fog);
-    double texY = area.down.texel;
-    int loadedRow = -1;  // neighbouring rows of a near sprite show the same row of the sheet
-    for (int y = area.down.from; y < area.down.to; y++, texY += area.down.step) {
-        const Blend towardsGround(
-            *fog.groundColor, groundFogAt(frame.groundFog, y, area.down.from, area.down.to - area.down.from));
-        int sheetY = sheetRow(frame, texY);
-        const uint32_t* sheet = frame.sheet.row(sheetY);
-        uint32_t* row = target.row(y);
-        for (const VisibleRun& run : visible.runs) {
-            size_t first = static_cast<size_t>(run.from - area.across.from),
-                   count = static_cast<size_t>(run.to - run.from);
-            if (sheetY != loadedRow)
-                for (size_t i = first; i < first + count; i++) texels[i] = sheet[visible.sheetX[i]];
-            (frame.additive ? drawRun<true> : drawRun<false>)(&texels[first], static_cast<int>(count), row + run.from,
-                frame.shadeless, towardsGround, towardsFog);
-        }
-        loadedRow = sheetY;
-    }
+    if (frame.additive) SpriteRows<AddedTexels>{frame, fog, area, target, std::move(visible), {}, {}}.draw();
+    else SpriteRows<MixedTexels>{frame, fog, area, target, std::move(visible), {}, {}}.draw();
 }
 
 #else

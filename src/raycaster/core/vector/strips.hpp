@@ -11,7 +11,6 @@ struct WorldStrips : WorldPicture {
     std::vector<double> rayX, rayY;
     // The rows above `top` are ceiling, those from `bottom` on are floor. Between them stands the wall, if anything.
     std::vector<int> top, bottom;
-    std::vector<int> skyColumns;
 
     explicit WorldStrips(const WorldPicture& world);
 };

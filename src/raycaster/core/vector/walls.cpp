@@ -11,28 +11,46 @@ namespace HWY_NAMESPACE {
 
 #if HWY_TARGET != HWY_SCALAR
 
-// Columns that are drawn side by side. Texels are collected down each column, as the positions step by addition, into
-// a tile of a few rows; then the tile is blended row by row.
+// Columns that are drawn side by side, in tiles of a few rows: texels are found by stepping down all columns at once,
+// then loaded one by one, then the tile is blended row by row.
 struct WallBlock {
     static constexpr size_t width = 16, rows = 16;  // a cache line of the picture
     static_assert(width <= WorldStrips::padding);
 
-    // One texture or mask, from the top of the wall on down.
-    struct Stripe {
-        const uint32_t* pixels = nullptr;  // of its column in the image; null: nothing
-        int stride, last;                  // of the image: its width, its last row
-        double pos, step;
-        int row, end;  // on the screen; `row` is the next one
+    // An image stretched over the slices, one column of it for each column of the block, and its texels in a tile.
+    struct Stripes {
+        static constexpr uint32_t nothing = 0;
+
+        const uint32_t* pixels[width];                       // the top of the column in the image
+        HWY_ALIGN double pos[width] = {}, step[width] = {};  // row of the image
+        HWY_ALIGN int32_t last[width] = {}, stride[width] = {};
+        HWY_ALIGN int32_t offset[rows * width];
+        HWY_ALIGN uint32_t texel[rows * width];
+
+        Stripes() { std::fill_n(pixels, width, &nothing); }
+
+        void set(size_t i, const Image& image, int column, double from, double by) {
+            pixels[i] = image.pixels + column;
+            pos[i] = from;
+            step[i] = by;
+            last[i] = image.height - 1;
+            stride[i] = image.width;
+        }
+        HWY_NOINLINE void loadTexels(int count) {
+            for (size_t row = 0; row < static_cast<size_t>(count) * width; row += width)
+                for (size_t i = 0; i < width; i++) texel[row + i] = pixels[i][offset[row + i]];
+        }
     };
 
-    Stripe texture[width], mask[width];
-    HWY_ALIGN int top[width] = {}, bottom[width] = {};         // of the region between ceiling and floor
-    HWY_ALIGN int start[width] = {}, end[width] = {};          // of what is drawn of the wall
-    HWY_ALIGN int solidFog[width] = {};                        // -1: the color of the fog alone
-    HWY_ALIGN uint32_t fog[width] = {}, strength[width] = {};  // weights
-    HWY_ALIGN float groundFog[width] = {}, wallTop[width] = {}, wallRows[width] = {};
-    HWY_ALIGN uint32_t texels[rows * width] = {}, light[rows * width] = {};
-    int firstRow = INT_MAX, lastRow = 0;  // of all regions
+    Stripes wall, light;
+    HWY_ALIGN int top[width] = {}, bottom[width] = {};           // of the region between ceiling and floor
+    HWY_ALIGN int sliceStart[width] = {}, sliceEnd[width] = {};  // where the wall stands
+    HWY_ALIGN int start[width] = {}, end[width] = {};            // of what is drawn of it
+    HWY_ALIGN int solidFog[width] = {};                          // -1: the color of the fog alone
+    HWY_ALIGN uint32_t fog[width] = {}, strength[width] = {};    // weights
+    HWY_ALIGN float groundFog[width] = {}, wallRows[width] = {};
+    HWY_ALIGN int32_t isLit[rows * width];  // of a tile: -1 or 0
+    int firstRow = INT_MAX, lastRow = 0;    // of all regions
 
     void prepare(const WorldStrips& world, int x0);
 
@@ -43,8 +61,8 @@ private:
 void WallBlock::prepare(const WorldStrips& world, int x0) {
     for (size_t i = 0; i < width && x0 + static_cast<int>(i) < world.view.width; i++) {
         int x = x0 + static_cast<int>(i);
-        const RayHit& hit = world.columns.hits[static_cast<size_t>(x)];
-        const Slice& slice = world.columns.slices[static_cast<size_t>(x)];
+        const RayHit& hit = world.columns.hit(x);
+        const Slice& slice = world.columns.slice(x);
         top[i] = world.top[static_cast<size_t>(x)];
         bottom[i] = world.bottom[static_cast<size_t>(x)];
         if (top[i] < bottom[i]) {
@@ -52,12 +70,13 @@ void WallBlock::prepare(const WorldStrips& world, int x0) {
             lastRow = std::max(lastRow, bottom[i]);
         }
         if (hit.outOfBounds || slice.start >= slice.end) continue;
+        sliceStart[i] = slice.start;
+        sliceEnd[i] = slice.end;
         prepareTexture(world, hit, slice, i);
-        const Image& light = world.flashlight;
-        if (light.empty()) continue;
-        mask[i] = {light.pixels + flashlightColumn(light, world.view, x), light.width, light.height - 1, 0,
-            flashlightStep(hit), slice.start, slice.end};
-        strength[i] = static_cast<uint32_t>(flashlightStrength(hit)) * 0x10001u;
+        const Image& mask = world.flashlight;
+        if (mask.empty()) continue;
+        light.set(i, mask, flashlightColumn(mask, world.view, x), 0, flashlightStep(hit));
+        strength[i] = static_cast<uint32_t>(flashlightStrength(hit));
     }
 }
 
@@ -71,44 +90,46 @@ void WallBlock::prepareTexture(const WorldStrips& world, const RayHit& hit, cons
     end[i] = slice.end;
     if (solidFog[i]) return;
     double step = wallTexelStep(*image, slice);
-    texture[i] = {image->pixels + wallTexelColumn(*image, hit), image->width, image->height - 1,
-        wallTexelStart(world.view, slice, step), step, slice.start, slice.end};
+    wall.set(i, *image, wallTexelColumn(*image, hit), wallTexelStart(world.view, slice, step), step);
     groundFog[i] = static_cast<float>(fogs.groundAt(hit.dist));
-    wallTop[i] = static_cast<float>(slice.start);
     wallRows[i] = static_cast<float>(2 * slice.half);
 }
 
-// Fills a column of a tile whose first row is row `y` of the screen. Beyond its last row a texture repeats that row, as
-// rounding may bring the sum of the steps there; a flashlight ends.
-template <bool endsWithImage> HWY_NOINLINE void collect(WallBlock::Stripe& stripe, int y, int rows, uint32_t* column) {
-    int from = std::max(stripe.row, y), to = std::min(stripe.end, y + rows);
-    if (!stripe.pixels || from >= to) return;
-    double pos = stripe.pos;
-    column += static_cast<size_t>(from - y) * WallBlock::width;
-    for (int row = from; row < to; row++, pos += stripe.step, column += WallBlock::width) {
-        int texY = static_cast<int>(pos);
-        if (endsWithImage && texY > stripe.last) {
-            stripe.pixels = nullptr;
-            return;
+// Finds the texels of a tile whose first row is row `y` of the screen, and carries the positions on to the next tile.
+// Beyond its last row an image repeats that row, as rounding may bring the sum of the steps there; `inImage`, unless it
+// is null, tells the rows before.
+HWY_NOINLINE void findTexels(WallBlock::Stripes& stripes, const int* start, int y, int rows, int32_t* inImage) {
+    const Ints ints;
+    const Doubles doubles;
+    const HalfInts halfInts;
+    const size_t lanes = hn::Lanes(ints), half = lanes / 2;
+    for (size_t i = 0; i < WallBlock::width; i += lanes) {
+        auto pos0 = hn::Load(doubles, stripes.pos + i), pos1 = hn::Load(doubles, stripes.pos + i + half);
+        const auto step0 = hn::Load(doubles, stripes.step + i), step1 = hn::Load(doubles, stripes.step + i + half);
+        const auto start0 = hn::PromoteTo(doubles, hn::Load(halfInts, start + i));
+        const auto start1 = hn::PromoteTo(doubles, hn::Load(halfInts, start + i + half));
+        const auto last = hn::Load(ints, stripes.last + i), stride = hn::Load(ints, stripes.stride + i);
+        for (int row = 0; row < rows; row++) {
+            const auto here = hn::Set(doubles, y + row);
+            const size_t at = static_cast<size_t>(row) * WallBlock::width + i;
+            auto texY = wholeNumbers(pos0, pos1);
+            hn::Store(hn::Mul(hn::Min(texY, last), stride), ints, stripes.offset + at);
+            if (inImage) hn::Store(hn::VecFromMask(ints, hn::Not(hn::Gt(texY, last))), ints, inImage + at);
+            pos0 = hn::IfThenElse(hn::Ge(here, start0), hn::Add(pos0, step0), pos0);
+            pos1 = hn::IfThenElse(hn::Ge(here, start1), hn::Add(pos1, step1), pos1);
         }
-        *column = stripe.pixels[static_cast<ptrdiff_t>(std::min(texY, stripe.last)) * stripe.stride];
+        hn::Store(pos0, doubles, stripes.pos + i);
+        hn::Store(pos1, doubles, stripes.pos + i + half);
     }
-    stripe.pos = pos;
-    stripe.row = to;
 }
 
-// groundFogAt() for a row, in the same single and double precision.
+// groundFogAt() for a row. There the square is one of doubles, which holds all its digits: rounded, it is this one.
 HWY_INLINE hn::Vec<Words> groundWeights(const WallBlock& b, size_t i, int y) {
     const Floats floats;
-    const Doubles doubles;
-    const HalfFloats halfFloats;
-    auto share = hn::Div(hn::Sub(hn::Set(floats, static_cast<float>(y)), hn::Load(floats, b.wallTop + i)),
-        hn::Load(floats, b.wallRows + i));
-    auto low = hn::PromoteTo(doubles, hn::LowerHalf(halfFloats, share));
-    auto high = hn::PromoteTo(doubles, hn::UpperHalf(halfFloats, share));
-    auto squared =
-        hn::Combine(floats, hn::DemoteTo(halfFloats, hn::Mul(high, high)), hn::DemoteTo(halfFloats, hn::Mul(low, low)));
-    return hn::BitCast(Words(), hn::ConvertTo(Ints(), hn::Mul(hn::Load(floats, b.groundFog + i), squared)));
+    auto top = hn::ConvertTo(floats, hn::Load(Ints(), b.sliceStart + i));
+    auto share = hn::Div(hn::Sub(hn::Set(floats, static_cast<float>(y)), top), hn::Load(floats, b.wallRows + i));
+    auto risen = hn::Mul(hn::Load(floats, b.groundFog + i), hn::Mul(share, share));
+    return hn::BitCast(Words(), hn::ConvertTo(Ints(), risen));
 }
 
 // The rows `y` to `y` + `rows` - 1 of a vector of columns, the block's `i`-th and following.
@@ -118,8 +139,9 @@ HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool li
     const Fog& fog = world.scene.fog;
     const auto top = hn::Load(ints, b.top + i), bottom = hn::Load(ints, b.bottom + i);
     const auto start = hn::Load(ints, b.start + i), end = hn::Load(ints, b.end + i);
+    const auto sliceStart = hn::Load(ints, b.sliceStart + i), sliceEnd = hn::Load(ints, b.sliceEnd + i);
     const auto solidFog = hn::RebindMask(words, hn::MaskFromVec(hn::Load(ints, b.solidFog + i)));
-    const auto strength = hn::BitCast(Pairs(), hn::Load(words, b.strength + i));
+    const auto strength = hn::Load(words, b.strength + i);
     const Blend towardsFog(*fog.color, hn::Load(words, b.fog + i));
     for (int row = y; row < y + rows; row++) {
         const auto here = hn::Set(ints, row), below = hn::Set(ints, row + 1);
@@ -127,7 +149,7 @@ HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool li
         if (hn::AllFalse(words, region)) continue;
         auto drawn = hn::RebindMask(words, hn::And(hn::Lt(start, below), hn::Lt(here, end)));
         size_t at = static_cast<size_t>(row - y) * WallBlock::width + i;
-        Spread spread(hn::Load(words, b.texels + at));
+        Spread spread(hn::Load(words, b.wall.texel + at));
         if (fog.groundDensity > 0) Blend(*fog.groundColor, hn::IfThenElseZero(drawn, groundWeights(b, i, row)))(spread);
         towardsFog(spread);
         auto pixels = hn::IfThenElse(solidFog, hn::Set(words, *fog.color), spread.joined());
@@ -135,10 +157,16 @@ HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool li
         int count = world.view.width - x;
         if (!hn::AllFalse(words, hn::AndNot(drawn, region))) {
             HWY_ALIGN uint32_t backdrop[maxLanes];
-            loadBackdrop(world, row, x, backdrop);
+            loadBackdrop(world, row, x, static_cast<int>(hn::Lanes(words)), backdrop);
             pixels = hn::IfThenElse(drawn, pixels, hn::Load(words, backdrop));
         }
-        if (lit) pixels = addLight(pixels, hn::Load(words, b.light + at), strength);
+        if (lit) {
+            auto reached = hn::And(hn::MaskFromVec(hn::Load(ints, b.isLit + at)),
+                hn::And(hn::Lt(sliceStart, below), hn::Lt(here, sliceEnd)));
+            Spread light(hn::Load(words, b.light.texel + at));
+            pixels =
+                brightened(pixels, addedLight(light, hn::IfThenElseZero(hn::RebindMask(words, reached), strength)));
+        }
         store(pixels, region, out, x, count);
     }
 }
@@ -151,10 +179,11 @@ void drawWalls(const WorldStrips& world, int from, int to) {
         b.prepare(world, x);
         for (int y = b.firstRow; y < b.lastRow; y += static_cast<int>(WallBlock::rows)) {
             int rows = std::min(b.lastRow - y, static_cast<int>(WallBlock::rows));
-            if (lit) std::fill(std::begin(b.light), std::end(b.light), 0u);
-            for (size_t i = 0; i < WallBlock::width; i++) {
-                collect<false>(b.texture[i], y, rows, b.texels + i);
-                if (lit) collect<true>(b.mask[i], y, rows, b.light + i);
+            findTexels(b.wall, b.sliceStart, y, rows, nullptr);
+            b.wall.loadTexels(rows);
+            if (lit) {
+                findTexels(b.light, b.sliceStart, y, rows, b.isLit);
+                b.light.loadTexels(rows);
             }
             for (size_t i = 0; i < WallBlock::width; i += lanes)
                 drawTile(world, b, lit, x + static_cast<int>(i), i, y, rows);
