@@ -113,8 +113,9 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
         return Point{(nextY - pos.y) / dir.y * dir.x + pos.x, static_cast<double>(nextY)};
     };
     Point crossX = verticalCrossing(), crossY = horizontalCrossing();
+    double distX = length(crossX - pos), distY = length(crossY - pos);
     while (!hit.outOfBounds) {
-        bool vertical = length(crossY - pos) > length(crossX - pos);
+        bool vertical = distY > distX;
         Point point = vertical ? crossX : crossY;
         int cx = truncate(point.x) - (vertical && dir.x < 0), cy = truncate(point.y) - (!vertical && dir.y < 0);
         hit.outOfBounds = !grid.contains(cx, cy);
@@ -128,9 +129,11 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
         if (vertical) {
             nextX += stepX;
             crossX = verticalCrossing();
+            distX = length(crossX - pos);
         } else {
             nextY += stepY;
             crossY = horizontalCrossing();
+            distY = length(crossY - pos);
         }
     }
     hit.block = blockEmpty;
