@@ -52,7 +52,7 @@ struct FlatTextures {
             areAlike = areAlike && texture->width == first->width && texture->height == first->height;
         }
         if (!first) return;
-        auto bits = [](int side) { return std::bit_width(static_cast<unsigned>(side)) - 1; };
+        auto bits = [](int side) { return static_cast<int>(std::bit_width(static_cast<unsigned>(side))) - 1; };
         widthBits = bits(first->width);
         heightBits = bits(first->height);
         areAlike = areAlike && first->width == 1 << widthBits && first->height == 1 << heightBits &&

@@ -5,6 +5,7 @@
 #include "raycaster/core/vector/lanes.hpp"
 
 #include <hwy/aligned_allocator.h>
+#include <hwy/cache_control.h>
 
 HWY_BEFORE_NAMESPACE();
 namespace zv {
@@ -76,7 +77,7 @@ template <class Texels> struct SpriteRows {
             if (row != loadedRow || groundFog != shadedFog) shade(groundFog);
             loadedRow = row;
             shadedFog = groundFog;
-            lay(target.row(y));
+            lay(target.row(y), target.row(std::min(y + 2, target.height - 1)));
         }
     }
 
@@ -105,11 +106,13 @@ private:
             }
         }
     }
-    HWY_NOINLINE void lay(uint32_t* row) const {
+    // Meanwhile the pixels of a row that comes soon are on their way.
+    HWY_NOINLINE void lay(uint32_t* row, const uint32_t* soon) const {
         const Words words;
         const Texels* next = shaded.get();
         for (const VisibleRun& run : visible.runs) {
             for (int x = run.from; x < run.to; x += static_cast<int>(hn::Lanes(words))) {
+                hwy::Prefetch(soon + x);
                 auto region = hn::FirstN(words, static_cast<size_t>(run.to - x));
                 HWY_NAMESPACE::store(
                     next++->over(HWY_NAMESPACE::load(row, x, target.width - x)), region, row, x, target.width - x);
