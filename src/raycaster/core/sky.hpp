@@ -26,6 +26,8 @@ struct Backdrop {
     uint32_t color = 0;
     Panorama panorama;
 
+    // The row of the panorama that a row of the picture shows, if anything.
+    const uint32_t* skyRow(int y) const { return kind == sky ? panorama.rows[static_cast<size_t>(y)] : nullptr; }
     // Covers the whole target, unless that has been done.
     void paint(const MutableImage& target);
 };

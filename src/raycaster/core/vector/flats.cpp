@@ -25,6 +25,7 @@ struct Run {
     HWY_ALIGN int32_t texel[length];        // in textures that are alike
     HWY_ALIGN double u[length], v[length];  // place in the cell, for textures that differ
     bool inOneCell[length];                 // for the first column of each vector
+    HWY_ALIGN uint32_t backdrop[length];
 
     Run() = default;
     Run(const WorldStrips& world, int firstColumn)
@@ -33,6 +34,15 @@ struct Run {
         top = *std::max_element(world.top.begin() + from, world.top.begin() + to);
         bottom = *std::min_element(world.bottom.begin() + from, world.bottom.begin() + to);
     }
+    void loadBackdrop(const WorldStrips& world, int y) {
+        const uint32_t* skyRow = world.backdrop.skyRow(y);
+        if (skyRow && skyRow == loadedRow) return;  // a picture that is higher than the sky repeats its rows
+        HWY_NAMESPACE::loadBackdrop(world, y, begin, columns, backdrop);
+        loadedRow = skyRow;
+    }
+
+private:
+    const uint32_t* loadedRow = nullptr;  // of the sky
 };
 
 // The textures by the numbers that cells hold.
@@ -115,32 +125,31 @@ struct PlaneRow {
     bool solidFog;
     Blend ground, fog;
 
-    // The columns from the run's `i`-th on in which the plane's region shows.
+    // Those of a vector of columns, from the run's `i`-th on, in which the plane shows.
     HWY_INLINE hn::Mask<Ints> region(const Run& run, int i) const {
         auto edges = hn::LoadU(Ints(), edge + run.begin + i), row = hn::Set(Ints(), y);
-        auto shows = plane == cellFloor ? hn::Not(hn::Gt(edges, row)) : hn::Gt(edges, row);
-        return hn::And(shows, hn::FirstN(Ints(), static_cast<size_t>(run.columns - i)));
+        return plane == cellFloor ? hn::Not(hn::Gt(edges, row)) : hn::Gt(edges, row);
     }
 };
 
-// The words of a run before they are shaded: texels, and the backdrop between them. They are loaded one by one: a
-// vector's gather is hardly faster, and slow on many machines.
-struct RunWords {
+// The texels of a run, not yet shaded. They are loaded one by one: a vector's gather is hardly faster, and slow on many
+// machines.
+struct Texels {
     HWY_ALIGN uint32_t word[Run::length];
-    HWY_ALIGN int32_t isTexel[Run::length];  // -1 or 0
+    HWY_ALIGN int32_t isHere[Run::length];  // -1, or 0 where the backdrop shows
+    bool areHere = true;
 
-    HWY_NOINLINE void load(
-        const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
+    HWY_NOINLINE void load(const Grid& grid, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
         const int lanes = static_cast<int>(hn::Lanes(Ints()));
         for (int i = 0; i < run.columns; i += lanes) {
             if (hn::AllFalse(Ints(), row.region(run, i))) continue;
             if (run.inOneCell[i]) {
-                loadCell(world, row, textures, run, i, i + lanes);
+                loadCell(grid, row, textures, run, i, i + lanes);
                 continue;
             }
             for (int from = i, to = i; from < i + lanes; from = to) {
                 while (to < i + lanes && run.cell[to] == run.cell[from]) to++;
-                loadCell(world, row, textures, run, from, to);
+                loadCell(grid, row, textures, run, from, to);
             }
         }
     }
@@ -148,19 +157,16 @@ struct RunWords {
 private:
     // Columns that show the same cell.
     HWY_INLINE void loadCell(
-        const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, const Run& run, int from, int to) {
+        const Grid& grid, const PlaneRow& row, const FlatTextures& textures, const Run& run, int from, int to) {
         int cell = run.cell[from];
-        int number =
-            cell < 0 ? noTexture : world.scene.grid.cells[static_cast<ptrdiff_t>(cell) * cellBytes + row.plane];
+        int number = cell < 0 ? noTexture : grid.cells[static_cast<ptrdiff_t>(cell) * cellBytes + row.plane];
         const Image& texture = textures.image[number];
         // Solid fog hides textures that the level does not hold like all others.
         bool shows = row.solidFog ? number != noTexture : !texture.empty();
-        for (int i = from; i < to; i++) isTexel[i] = shows ? -1 : 0;
-        if (!shows) {
-            loadBackdrop(world, row.y, run.begin + from, to - from, word + from);
-        } else if (row.solidFog) {
-            return;
-        } else if (textures.areAlike) {
+        for (int i = from; i < to; i++) isHere[i] = shows ? -1 : 0;
+        areHere = areHere && shows;
+        if (!shows || row.solidFog) return;
+        if (textures.areAlike) {
             for (int i = from; i < to; i++) word[i] = texture.pixels[run.texel[i]];
         } else {
             for (int i = from; i < to; i++)
@@ -170,26 +176,30 @@ private:
     }
 };
 
-HWY_NOINLINE void drawRun(const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
+HWY_NOINLINE void drawRun(const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, Run& run) {
     const Ints ints;
     const Words words;
     const int lanes = static_cast<int>(hn::Lanes(ints));
-    RunWords loaded;
-    loaded.load(world, row, textures, run);
+    Texels texels;
+    texels.load(world.scene.grid, row, textures, run);
+    if (!texels.areHere) run.loadBackdrop(world, row.y);
     uint32_t* out = world.target.row(row.y);
     const auto solid = hn::Set(words, *world.scene.fog.color);
     for (int i = 0; i < run.columns; i += lanes) {
         auto region = row.region(run, i);
         if (hn::AllFalse(ints, region)) continue;
-        auto raw = hn::Load(words, loaded.word + i), pixels = solid;
+        auto pixels = solid;
         if (!row.solidFog) {
-            Spread spread(raw);
+            Spread spread(hn::Load(words, texels.word + i));
             if (row.plane == cellFloor) row.ground(spread);
             row.fog(spread);
             pixels = spread.joined();
         }
-        auto isTexel = hn::RebindMask(words, hn::MaskFromVec(hn::Load(ints, loaded.isTexel + i)));
-        store(hn::IfThenElse(isTexel, pixels, raw), hn::RebindMask(words, region), out, run.begin + i, run.columns - i);
+        if (!texels.areHere) {
+            auto isHere = hn::RebindMask(words, hn::MaskFromVec(hn::Load(ints, texels.isHere + i)));
+            pixels = hn::IfThenElse(isHere, pixels, hn::Load(words, run.backdrop + i));
+        }
+        store(pixels, hn::RebindMask(words, region), out, run.begin + i, run.columns - i);
     }
 }
 

@@ -115,8 +115,7 @@ HWY_INLINE void store(hn::Vec<Words> pixels, hn::Mask<Words> region, uint32_t* r
 HWY_INLINE void loadBackdrop(const WorldStrips& world, int y, int x, int count, uint32_t* words) {
     const Backdrop& backdrop = world.backdrop;
     count = std::min(count, world.view.width - x);
-    if (backdrop.kind == Backdrop::sky) {
-        const uint32_t* row = backdrop.panorama.rows[static_cast<size_t>(y)];
+    if (const uint32_t* row = backdrop.skyRow(y)) {
         const int* columns = &backdrop.panorama.columns[static_cast<size_t>(x)];
         for (int i = 0; i < count; i++) words[i] = row[columns[i]];
     } else if (backdrop.kind == Backdrop::plain) {
