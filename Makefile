@@ -76,8 +76,9 @@ test: test-setup ## run the tests, without a window or sound
 	$(AGAIN) build
 	$(HEADLESS) $(RUN) -m pytest -q tests $(ARGS)
 
-bench: test-setup ## time frames and movement
+bench: test-setup ## time frames, movement, entities and widgets (ARGS="--against FOLDER" compares with another build)
 	$(AGAIN) build
+	@cmake --build "$(BUILD)" --target yardstick
 	$(HEADLESS) $(RUN) bench/bench.py $(ARGS)
 
 lint: ## check layers, layout, C++ and Python sources, and stubs
