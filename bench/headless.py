@@ -8,7 +8,7 @@ SIZES = (160, 120), (320, 200)
 
 
 def headless():
-    """Engine.update without a limiter, with movement and the whole frame of above, and a copy of the picture by numpy"""
+    """Engine.update without a limiter, with movement, the frame of above, and a copy of the picture by numpy"""
     for size in SIZES:
         yield Scenario("%dx%d" % size, lambda size=size: stepping(size), size)
 
@@ -25,4 +25,4 @@ def stepping(size):
             engine.update()
             numpy.array(scene.target)
 
-    return one_figure("", turn, 1 / DIRECTIONS)
+    return one_figure(turn, 1 / DIRECTIONS)

@@ -6,7 +6,7 @@ ENOUGH = 2.0  # milliseconds that the clock can tell well
 
 class Scenario:
     """Something to be timed. `prepare()` sets it up and returns a function that does one round of it and returns the
-    milliseconds of each figure, by name. What draws a frame tells the frame's size, to be compared with yardsticks."""
+    milliseconds of each figure, by name. What draws a frame tells its size, to be compared with the yardsticks."""
 
     def __init__(self, name, prepare, frame=None):
         self.name = name
@@ -36,7 +36,7 @@ class Timed:
         return milliseconds(self._action, self._times)
 
 
-def one_figure(name, action, share=1):
-    """A round of one figure: the time of an action, or the given share of it."""
+def one_figure(action, share=1):
+    """A round of the only figure of a scenario: the time of an action, or the given share of it."""
     timed = Timed(action)
-    return lambda: {name: timed.milliseconds() * share}
+    return lambda: {"": timed.milliseconds() * share}

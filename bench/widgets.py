@@ -18,8 +18,8 @@ def buttons():
 
 def widgets():
     """30 buttons, 40 texts and 10 sliders in panels at 1280x720, and a scroll panel of 200 rows"""
-    yield Scenario("screen", lambda: one_figure("", mixed_screen(SCREEN_SIZE)[0].render), SCREEN_SIZE)
-    yield Scenario("layout and walk", lambda: one_figure("", mixed_screen(NOTHING_TO_BLIT)[0].render))
+    yield Scenario("screen", lambda: one_figure(mixed_screen(SCREEN_SIZE)[0].render), SCREEN_SIZE)
+    yield Scenario("layout and walk", lambda: one_figure(mixed_screen(NOTHING_TO_BLIT)[0].render))
     yield Scenario("with 40 new texts", new_texts, SCREEN_SIZE)
 
 
@@ -38,13 +38,14 @@ def screen_of_buttons(count):
     columns = 4 if count <= 20 else 10 if count <= 100 else 15
     width = BUTTONS_SIZE[0] // columns - 4
     renderer.widget = parts.column(*grid([parts.button("b %d" % i, width=width) for i in range(count)], columns))
-    return one_figure("", renderer.render)
+    return one_figure(renderer.render)
 
 
 def mixed_screen(size):
     texts = [parts.text("text %d" % i) for i in range(40)]
-    panels = [parts.panel(*grid(widgets, 5)) for widgets in (
-        [parts.button("button %d" % i) for i in range(30)], texts, [parts.slider(i, 0, 10, width=120) for i in range(10)])]
+    pressed = [parts.button("button %d" % i) for i in range(30)]
+    drawn = [parts.slider(i, 0, 10, width=120) for i in range(10)]
+    panels = [parts.panel(*grid(widgets, 5)) for widgets in (pressed, texts, drawn)]
     rows = [parts.row(parts.text("row %d" % i), parts.button("press")) for i in range(200)]
     renderer = renderer_of(size)
     renderer.widget = parts.row(parts.column(*panels), parts.fixed(z.UIScrollPanel(parts.column(*rows)), 300, 600))
@@ -61,4 +62,4 @@ def new_texts():
             text.text = "text %d" % count[0]
         renderer.render()
 
-    return one_figure("", render)
+    return one_figure(render)

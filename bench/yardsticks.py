@@ -1,23 +1,24 @@
 """What drawing a frame is compared with: writing every pixel once."""
 import ctypes
+import functools
+import os
 
-from measure import Timed
+from measure import Scenario, Timed
+
+SIZES = (160, 120), (320, 200), (640, 480), (1280, 720), (1920, 1080)
+_library = ctypes.CDLL(os.environ["YARDSTICK"])
+_library.newFrame.restype = ctypes.c_void_p
 
 
-class Yardsticks:
-    """`write` goes past the caches with non-temporal stores, and is the limit of what memory takes; `fill` is
-    SDL_FillRect. A frame that the caches hold is filled faster than it is written past them."""
+def yardsticks():
+    """A frame written past the caches with non-temporal stores, and filled by SDL_FillRect"""
+    for size in SIZES:
+        yield Scenario("%dx%d" % size, lambda size=size: beside(size))
 
-    def __init__(self, library):
-        self._library = ctypes.CDLL(library)
-        self._library.newFrame.restype = ctypes.c_void_p
-        self._frame = None
 
-    def prepare(self, width, height):
-        """Makes a frame of a size, and returns the function that does one round."""
-        library = self._library
-        if self._frame is not None:
-            library.freeFrame(self._frame)
-        self._frame = frame = ctypes.c_void_p(library.newFrame(width, height))
-        write, fill = Timed(lambda: library.write(frame)), Timed(lambda: library.fill(frame))
-        return lambda: {"write": write.milliseconds(), "fill": fill.milliseconds()}
+@functools.lru_cache(maxsize=None)
+def beside(size):
+    """The function that does one round, for a frame of a size."""
+    frame = ctypes.c_void_p(_library.newFrame(*size))
+    write, fill = Timed(lambda: _library.write(frame)), Timed(lambda: _library.fill(frame))
+    return lambda: {"write": write.milliseconds(), "fill": fill.milliseconds()}
