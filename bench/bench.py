@@ -1,136 +1,132 @@
 """Times what a game spends its frames on. Run by `make bench`.
 
-Every figure is the median of many runs, in milliseconds: on a busy machine compare figures of one run only.
+Every figure is the median of many rounds, in milliseconds of processor time. What draws a frame is also told in times
+that its pixels could have been written past the caches ("writes"), and filled by SDL_FillRect ("fills"). Two builds are
+timed in turn, round by round; their ratio is the median of the rounds' ratios, which a busy machine changes least.
 """
 import argparse
+import importlib.util
+import json
 import os
-import random
+import platform
 import statistics
+import subprocess
 import sys
 import time
 
-os.environ.setdefault("SDL_VIDEODRIVER", "dummy")
-os.environ.setdefault("SDL_AUDIODRIVER", "dummy")
-
-import zelvarine as z  # noqa: E402 (the drivers are chosen before the import)
-
-EXAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "examples")
-ASSETS = os.path.join(EXAMPLES, "assets")
-sys.path.append(EXAMPLES)
-SIZES = ((320, 200), (640, 480), (1280, 720))
+WORKER = os.path.join(os.path.dirname(os.path.abspath(__file__)), "worker.py")
+FEWEST_ROUNDS, MOST_ROUNDS = 3, 60
 
 
-class StandingClock(z.Engine):
-    """Lets animations stand still, so that every frame is the same work."""
+class Build:
+    """A build of the module, in a process of its own."""
 
-    def getTimeStep(self):
-        return 0.0
+    def __init__(self, folder, yardstick):
+        self._folder = os.path.abspath(folder)
+        environment = dict(os.environ, PYTHONPATH=self._folder, YARDSTICK=yardstick,
+                           SDL_VIDEODRIVER="dummy", SDL_AUDIODRIVER="dummy")
+        self._process = subprocess.Popen([sys.executable, WORKER], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                         universal_newlines=True, env=environment)
+        if os.path.dirname(self.ask("module")) != self._folder:
+            sys.exit("there is no module in %s for this interpreter" % folder)
 
-
-def milliseconds(action, runs):
-    times = []
-    for _ in range(runs):
-        start = time.perf_counter()
-        action()
-        times.append(time.perf_counter() - start)
-    return statistics.median(times) * 1000
-
-
-def quietly(make, *args):
-    """Makes a level without the map that it prints."""
-    stdout, sys.stdout = sys.stdout, open(os.devnull, "w")
-    try:
-        return make(*args)
-    finally:
-        sys.stdout.close()
-        sys.stdout = stdout
+    def ask(self, *request):
+        try:
+            print(json.dumps(request), file=self._process.stdin, flush=True)
+        except BrokenPipeError:
+            pass  # the missing answer tells
+        answer = self._process.stdout.readline()
+        if not answer:
+            sys.exit("the process that times %s has ended" % self._folder)
+        return json.loads(answer)
 
 
-def frames(runs):
-    """The demo level seen all around from its start, next to a plain fill of the same target."""
-    for width, height in SIZES:
-        level = z.Level(os.path.join(ASSETS, "walk.lvl"))
-        target = z.Texture(width, height)
-        renderer = z.RaycastingRenderer(target, level)
-        ecs = StandingClock().ecs
-        ecs.addSystem(renderer)
-        level.syncEntitiesToEcs(ecs)
-        start = ecs.getEntityById(1).getComponent(z.PositionComponent).pos
-        camera = renderer.getCamera()
-        camera.pos.set(start)
-
-        def frame():
-            camera.dir.rotate(7)
-            renderer.render()
-
-        fill = milliseconds(lambda: target.fill((0, 0, 0)), runs)
-        picture = milliseconds(frame, runs)
-        yield "frame %dx%d" % (width, height), picture, "%.0f fills of %.3f ms" % (picture / fill, fill)
+def measured(builds, group, name, seconds):
+    """The rounds of a scenario, one list for each build. The first warms up, unless there are only a few slow ones."""
+    for build in builds:
+        build.ask("prepare", group, name)
+    rounds = []
+    end = time.time() + seconds * len(builds)
+    while len(rounds) < FEWEST_ROUNDS or (len(rounds) < MOST_ROUNDS and time.time() < end):
+        rounds.append([build.ask("round") for build in builds])
+    return list(zip(*rounds[len(rounds) > FEWEST_ROUNDS:]))
 
 
-def movement(runs):
-    """One step of 1,000 moving bodies in an empty hall: apart from each other, and in a crowd."""
-    for name, radius in (("1,000 bodies apart", 0.01), ("1,000 bodies in a crowd", 0.3)):
-        chance = random.Random(1)
-        ecs = z.Engine().ecs
-        ecs.addSystem(z.MovementSystem(quietly(z.Level)))
-        for _ in range(1000):
-            position = z.Vector2(chance.uniform(1.5, 28.5), chance.uniform(1.5, 28.5))
-            velocity = z.Vector2(chance.uniform(-1, 1), chance.uniform(-1, 1))
-            ecs.addEntity(z.Entity(-1, z.PositionComponent(position), z.VelocityComponent(velocity), z.CollisionComponent(radius)))
-        yield name, milliseconds(lambda: ecs.update(0.001), runs), "one step"
+def by_name(dictionaries):
+    return {name: [each[name] for each in dictionaries] for name in dictionaries[0]}
 
 
-def screen(theme, target):
-    """30 buttons, 40 texts and 10 sliders in panels, and a scroll panel of 200 rows."""
-    from shared import parts
-
-    def grid(widgets, columns):
-        return parts.panel(*[parts.row(*widgets[i:i + columns]) for i in range(0, len(widgets), columns)])
-
-    texts = [parts.text("text %d" % i) for i in range(40)]
-    panels = [grid([parts.button("button %d" % i) for i in range(30)], 5), grid(texts, 5),
-              grid([parts.slider(i, 0, 10, width=120) for i in range(10)], 5)]
-    scrolled = z.UIScrollPanel(parts.column(*[parts.row(parts.text("row %d" % i), parts.button("press")) for i in range(200)]))
-    renderer = z.UIRenderer(target, True, theme)
-    renderer.widget = parts.row(parts.column(*panels), parts.fixed(scrolled, 300, 600))
-    z.Engine().ecs.addSystem(renderer)
-    return renderer, texts
-
-
-def widgets(runs):
-    """A screen of 100 widgets at 1280x720, and what its parts cost."""
-    from shared.themes import load_theme
-
-    theme = load_theme()
-    renderer, texts = screen(theme, z.Texture(1280, 720))
-    whole = milliseconds(renderer.render, runs)
-    # On a target of one pixel there is nothing to blit.
-    layout = milliseconds(screen(theme, z.Texture(1, 1))[0].render, runs)
-    count = [0]
-
-    def render_with_new_texts():
-        count[0] += 1
-        for text in texts:
-            text.text = "text %d" % count[0]
-        renderer.render()
-
-    yield "screen of 100 widgets", whole, "layout and walk %.3f, blits and fills %.3f" % (layout, whole - layout)
-    yield "with 40 new texts a frame", milliseconds(render_with_new_texts, runs), "the rest is rendering text"
+def summary(rounds, rounds_before=()):
+    """The figures of a scenario, as they are printed and written. A build may have some that another has not."""
+    now = by_name([figures for figures, _ in rounds])
+    yardsticks = by_name([yardsticks for _, yardsticks in rounds])
+    before = by_name([figures for figures, _ in rounds_before]) if rounds_before else {}
+    for name in list(now) + [name for name in before if name not in now]:
+        figure = {"figure": name}
+        if name in before:
+            figure["before"] = statistics.median(before[name])
+        if name in now:
+            figure["ms"] = statistics.median(now[name])
+            for yardstick, times in yardsticks.items():
+                figure[yardstick + "s"] = median_ratio(now[name], times)
+        if name in now and name in before:
+            figure["ratio"] = median_ratio(now[name], before[name])
+        yield figure
 
 
-BENCHMARKS = (frames, movement, widgets)
+def median_ratio(times, others):
+    return statistics.median(time / other for time, other in zip(times, others))
+
+
+def line(name, cells):
+    return "  %-34s" % name + "".join("%11s" % cell for cell in cells)
+
+
+def number(value):
+    return "" if value is None else "%.3f" % value if value < 100 else "%.0f" % value
+
+
+def parse_options():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("only", nargs="*", metavar="PART",
+                        help="time only what has such a part in its name, for instance: frames entities/1,000")
+    parser.add_argument("--seconds", type=float, default=1, help="for each scenario and build (default: %(default)s)")
+    parser.add_argument("--against", metavar="FOLDER", help="time the build in this folder, too, in turn")
+    parser.add_argument("--json", metavar="FILE.json", nargs="?", const="",
+                        help="write the figures to a file, too (default: bench.json in the build folder)")
+    options = parser.parse_args()
+    if options.json and not options.json.endswith(".json"):
+        parser.error("%s is not the name of a .json file" % options.json)
+    return options
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--runs", type=int, default=60, help="runs of each figure (default: %(default)s)")
-    parser.add_argument("only", nargs="*", help="names of benchmarks: " + ", ".join(b.__name__ for b in BENCHMARKS))
-    options = parser.parse_args()
-    for benchmark in BENCHMARKS:
-        if not options.only or benchmark.__name__ in options.only:
-            for name, median, remark in benchmark(options.runs):
-                print("%-28s %9.3f ms   %s" % (name, median, remark))
+    options = parse_options()
+    found = importlib.util.find_spec("zelvarine")
+    folder = os.path.dirname(os.path.abspath(found.origin)) if found else ""
+    yardstick = os.path.join(folder, "libyardstick.so")
+    if not os.path.exists(yardstick):
+        sys.exit("`make bench` builds what this needs")
+    builds = [Build(each, yardstick) for each in filter(None, (folder, options.against))]
+    columns = ("before", "ms", "ratio", "writes", "fills") if options.against else ("ms", "writes", "fills")
+    figures = []
+    for group, about, scenarios in builds[0].ask("scenarios"):
+        chosen = [name for name in scenarios
+                  if not options.only or any(part in "%s/%s" % (group, name) for part in options.only)]
+        if chosen:
+            print("\n%s: %s" % (group, about))
+            print(line("", columns))
+        for name in chosen:
+            for figure in summary(*measured(builds, group, name, options.seconds)):
+                figures.append(dict(group=group, scenario=name, **figure))
+                title = ": ".join(filter(None, (name, figure["figure"])))
+                print(line(title, [number(figure.get(column)) for column in columns]), flush=True)
+    if options.json is not None:
+        path = options.json or os.path.join(folder, "bench.json")
+        with open(path, "w") as file:
+            json.dump({"build": folder, "against": options.against, "python": platform.python_version(),
+                       "machine": platform.machine(), "figures": figures}, file, indent=1)
+        print("\nwritten to %s" % path)
 
 
 if __name__ == "__main__":
