@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <bit>
 #include <climits>
+#include <cmath>
 
 HWY_BEFORE_NAMESPACE();
 namespace zv {
@@ -17,23 +18,32 @@ namespace HWY_NAMESPACE {
 // The points of the level under a run of columns. The floor's row below the horizon and the ceiling's as far above it
 // are equally far, so they share them.
 struct Run {
-    static constexpr int length = 128;  // columns
+    static constexpr int length = 64;  // columns
 
     int begin = 0, columns = 0;
     int top = 0, bottom = 0;                // the ceiling shows above, the floor from there on, in any column
+    bool isOneCell = false;                 // that of the first column
     HWY_ALIGN int32_t cell[length];         // number in the grid, -1 beyond its edge
     HWY_ALIGN int32_t texel[length];        // in textures that are alike
     HWY_ALIGN double u[length], v[length];  // place in the cell, for textures that differ
-    bool inOneCell[length];                 // for the first column of each vector
     HWY_ALIGN uint32_t backdrop[length];
 
-    Run() = default;
     Run(const WorldStrips& world, int firstColumn)
         : begin(firstColumn), columns(std::min(length, world.view.width - firstColumn)) {
         auto from = static_cast<ptrdiff_t>(begin), to = from + columns;
         top = *std::max_element(world.top.begin() + from, world.top.begin() + to);
         bottom = *std::min_element(world.bottom.begin() + from, world.bottom.begin() + to);
+        rayX = Range(world.rayX.data() + from, columns);
+        rayY = Range(world.rayY.data() + from, columns);
     }
+
+    void findOneCell(const WorldStrips& world, double dist) {
+        const Grid& grid = world.scene.grid;
+        int x = rayX.cell(dist, world.view.pos.x, grid.width), y = rayY.cell(dist, world.view.pos.y, grid.height);
+        isOneCell = x >= 0 && y >= 0;
+        if (isOneCell) cell[0] = y * grid.width + x;
+    }
+
     void loadBackdrop(const WorldStrips& world, int y) {
         const uint32_t* skyRow = world.backdrop.skyRow(y);
         if (skyRow && skyRow == loadedRow) return;  // a picture that is higher than the sky repeats its rows
@@ -42,6 +52,24 @@ struct Run {
     }
 
 private:
+    // Between which numbers the rays lie.
+    struct Range {
+        double least = 0, most = 0;
+
+        Range() = default;
+        Range(const double* rays, int count) {
+            auto [low, high] = std::minmax_element(rays, rays + count);
+            least = *low;
+            most = *high;
+        }
+        // The cell that all points of a row lie in, as rounding keeps their order; -1 if there is no such cell.
+        int cell(double dist, double pos, int cells) const {
+            double first = std::floor(dist * least + pos), last = std::floor(dist * most + pos);
+            return first == last && first >= 0 && first < cells ? static_cast<int>(first) : -1;
+        }
+    };
+
+    Range rayX, rayY;
     const uint32_t* loadedRow = nullptr;  // of the sky
 };
 
@@ -79,6 +107,8 @@ struct Coordinate {
         low = hn::Add(hn::Mul(far, hn::LoadU(Doubles(), rays)), near);
         high = hn::Add(hn::Mul(far, hn::LoadU(Doubles(), rays + hn::Lanes(Doubles()))), near);
     }
+    // Towards zero, and downwards.
+    HWY_INLINE hn::Vec<Ints> whole() const { return wholeNumbers(low, high); }
     HWY_INLINE hn::Vec<Ints> floor() const { return wholeNumbers(hn::Floor(low), hn::Floor(high)); }
     HWY_INLINE void storeFractions(double* to) const {
         hn::Store(hn::Sub(low, hn::Floor(low)), Doubles(), to);
@@ -87,7 +117,7 @@ struct Coordinate {
 };
 
 // `alike` multiplies by powers of two before everything else, which rounds nothing.
-template <bool alike>
+template <bool alike, bool isOneCell>
 HWY_NOINLINE void findPoints(const WorldStrips& world, double rowDist, const FlatTextures& textures, Run& run) {
     const Ints ints;
     const Words words;
@@ -99,13 +129,13 @@ HWY_NOINLINE void findPoints(const WorldStrips& world, double rowDist, const Fla
     for (int i = 0; i < run.columns; i += static_cast<int>(hn::Lanes(ints))) {
         Coordinate pointX(1 << widthBits, rowDist, world.rayX.data() + run.begin + i, world.view.pos.x);
         Coordinate pointY(1 << heightBits, rowDist, world.rayY.data() + run.begin + i, world.view.pos.y);
-        auto x = pointX.floor(), y = pointY.floor();
-        auto inside = hn::And(hn::Lt(hn::BitCast(words, x), width), hn::Lt(hn::BitCast(words, y), height));
-        auto cellX = hn::ShiftRightSame(x, widthBits), cellY = hn::ShiftRightSame(y, heightBits);
-        auto cell =
-            hn::IfThenElse(hn::RebindMask(ints, inside), hn::Add(hn::Mul(cellY, gridWidth), cellX), hn::Set(ints, -1));
-        hn::Store(cell, ints, run.cell + i);
-        run.inOneCell[i] = hn::AllTrue(ints, hn::Eq(cell, hn::Set(ints, hn::GetLane(cell))));
+        auto x = isOneCell ? pointX.whole() : pointX.floor(), y = isOneCell ? pointY.whole() : pointY.floor();
+        if (!isOneCell) {
+            auto inside = hn::And(hn::Lt(hn::BitCast(words, x), width), hn::Lt(hn::BitCast(words, y), height));
+            auto cellX = hn::ShiftRightSame(x, widthBits), cellY = hn::ShiftRightSame(y, heightBits);
+            auto cell = hn::Add(hn::Mul(cellY, gridWidth), cellX);
+            hn::Store(hn::IfThenElse(hn::RebindMask(ints, inside), cell, hn::Set(ints, -1)), ints, run.cell + i);
+        }
         if (alike) {
             auto texX = hn::And(x, hn::Set(ints, (1 << widthBits) - 1));
             auto texY = hn::And(y, hn::Set(ints, (1 << heightBits) - 1));
@@ -140,32 +170,42 @@ struct Texels {
     bool areHere = true;
 
     HWY_NOINLINE void load(const Grid& grid, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
-        const int lanes = static_cast<int>(hn::Lanes(Ints()));
+        const Ints ints;
+        const int lanes = static_cast<int>(hn::Lanes(ints));
+        Cell cell = cellAt(grid, row, textures, run.cell[0]);
         for (int i = 0; i < run.columns; i += lanes) {
-            if (hn::AllFalse(Ints(), row.region(run, i))) continue;
-            if (run.inOneCell[i]) {
-                loadCell(grid, row, textures, run, i, i + lanes);
+            if (hn::AllFalse(ints, row.region(run, i))) continue;
+            if (run.isOneCell || hn::AllTrue(ints, hn::Eq(hn::Load(ints, run.cell + i), hn::Set(ints, run.cell[i])))) {
+                if (!run.isOneCell) cell = cellAt(grid, row, textures, run.cell[i]);
+                loadCell(cell, row, textures, run, i, i + lanes);
                 continue;
             }
             for (int from = i, to = i; from < i + lanes; from = to) {
                 while (to < i + lanes && run.cell[to] == run.cell[from]) to++;
-                loadCell(grid, row, textures, run, from, to);
+                loadCell(cellAt(grid, row, textures, run.cell[from]), row, textures, run, from, to);
             }
         }
     }
 
 private:
-    // Columns that show the same cell.
-    HWY_INLINE void loadCell(
-        const Grid& grid, const PlaneRow& row, const FlatTextures& textures, const Run& run, int from, int to) {
-        int cell = run.cell[from];
+    struct Cell {
+        const Image* texture;
+        bool isHere;
+    };
+
+    static HWY_INLINE Cell cellAt(const Grid& grid, const PlaneRow& row, const FlatTextures& textures, int cell) {
         int number = cell < 0 ? noTexture : grid.cells[static_cast<ptrdiff_t>(cell) * cellBytes + row.plane];
         const Image& texture = textures.image[number];
         // Solid fog hides textures that the level does not hold like all others.
-        bool shows = row.solidFog ? number != noTexture : !texture.empty();
-        for (int i = from; i < to; i++) isHere[i] = shows ? -1 : 0;
-        areHere = areHere && shows;
-        if (!shows || row.solidFog) return;
+        return {&texture, row.solidFog ? number != noTexture : !texture.empty()};
+    }
+    // Columns that show the same cell.
+    HWY_INLINE void loadCell(
+        const Cell& cell, const PlaneRow& row, const FlatTextures& textures, const Run& run, int from, int to) {
+        for (int i = from; i < to; i++) isHere[i] = cell.isHere ? -1 : 0;
+        areHere = areHere && cell.isHere;
+        if (!cell.isHere || row.solidFog) return;
+        const Image& texture = *cell.texture;
         if (textures.areAlike) {
             for (int i = from; i < to; i++) word[i] = texture.pixels[run.texel[i]];
         } else {
@@ -221,7 +261,10 @@ void drawFlats(const WorldStrips& world, int from, int to) {
         for (Run& run : runs) {
             bool seesFloor = hasFloor && below >= run.bottom, seesCeiling = hasCeiling && above < run.top;
             if (!seesFloor && !seesCeiling) continue;
-            (textures.areAlike ? findPoints<true> : findPoints<false>)(world, rowDist, textures, run);
+            run.findOneCell(world, rowDist);
+            auto find = textures.areAlike ? (run.isOneCell ? findPoints<true, true> : findPoints<true, false>)
+                                          : (run.isOneCell ? findPoints<false, true> : findPoints<false, false>);
+            find(world, rowDist, textures, run);
             if (seesFloor) drawRun(world, floor, textures, run);
             if (seesCeiling) drawRun(world, ceiling, textures, run);
         }
