@@ -132,11 +132,14 @@ HWY_INLINE hn::Vec<Words> groundWeights(const WallBlock& b, size_t i, int y) {
     return hn::BitCast(Words(), hn::ConvertTo(Ints(), risen));
 }
 
-// The rows `y` to `y` + `rows` - 1 of a vector of columns, the block's `i`-th and following.
+// The rows `y` to `y` + `rows` - 1 of a vector of columns, the block's `i`-th and following. `whole`: the walls cover
+// all of it, and are seen.
+template <bool whole>
 HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool lit, int x, size_t i, int y, int rows) {
     const Ints ints;
     const Words words;
     const Fog& fog = world.scene.fog;
+    const int lanes = static_cast<int>(hn::Lanes(words));
     const auto top = hn::Load(ints, b.top + i), bottom = hn::Load(ints, b.bottom + i);
     const auto start = hn::Load(ints, b.start + i), end = hn::Load(ints, b.end + i);
     const auto sliceStart = hn::Load(ints, b.sliceStart + i), sliceEnd = hn::Load(ints, b.sliceEnd + i);
@@ -145,30 +148,45 @@ HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool li
     const Blend towardsFog(*fog.color, hn::Load(words, b.fog + i));
     for (int row = y; row < y + rows; row++) {
         const auto here = hn::Set(ints, row), below = hn::Set(ints, row + 1);
-        auto region = hn::RebindMask(words, hn::And(hn::Lt(top, below), hn::Lt(here, bottom)));
-        if (hn::AllFalse(words, region)) continue;
-        auto drawn = hn::RebindMask(words, hn::And(hn::Lt(start, below), hn::Lt(here, end)));
-        size_t at = static_cast<size_t>(row - y) * WallBlock::width + i;
-        Spread spread(hn::Load(words, b.wall.texel + at));
-        if (fog.groundDensity > 0) Blend(*fog.groundColor, hn::IfThenElseZero(drawn, groundWeights(b, i, row)))(spread);
-        towardsFog(spread);
-        auto pixels = hn::IfThenElse(solidFog, hn::Set(words, *fog.color), spread.joined());
+        auto within = [&](auto first, auto past) HWY_ATTR { return hn::And(hn::Lt(first, below), hn::Lt(here, past)); };
         uint32_t* out = world.target.row(row);
-        int count = world.view.width - x;
-        if (!hn::AllFalse(words, hn::AndNot(drawn, region))) {
-            HWY_ALIGN uint32_t backdrop[maxLanes];
-            loadBackdrop(world, row, x, static_cast<int>(hn::Lanes(words)), backdrop);
-            pixels = hn::IfThenElse(drawn, pixels, hn::Load(words, backdrop));
+        size_t at = static_cast<size_t>(row - y) * WallBlock::width + i;
+        auto region = hn::RebindMask(words, within(top, bottom)), drawn = hn::RebindMask(words, within(start, end));
+        if (!whole && hn::AllFalse(words, region)) continue;
+        Spread spread(hn::Load(words, b.wall.texel + at));
+        if (fog.groundDensity > 0) {
+            auto weights = groundWeights(b, i, row);
+            Blend(*fog.groundColor, whole ? weights : hn::IfThenElseZero(drawn, weights))(spread);
+        }
+        towardsFog(spread);
+        auto pixels = spread.joined();
+        if (!whole) {
+            pixels = hn::IfThenElse(solidFog, hn::Set(words, *fog.color), pixels);
+            if (!hn::AllFalse(words, hn::AndNot(drawn, region))) {
+                HWY_ALIGN uint32_t backdrop[maxLanes];
+                loadBackdrop(world, row, x, lanes, backdrop);
+                pixels = hn::IfThenElse(drawn, pixels, hn::Load(words, backdrop));
+            }
         }
         if (lit) {
-            auto reached = hn::And(hn::MaskFromVec(hn::Load(ints, b.isLit + at)),
-                hn::And(hn::Lt(sliceStart, below), hn::Lt(here, sliceEnd)));
-            Spread light(hn::Load(words, b.light.texel + at));
-            pixels =
-                brightened(pixels, addedLight(light, hn::IfThenElseZero(hn::RebindMask(words, reached), strength)));
+            auto reached = hn::MaskFromVec(hn::Load(ints, b.isLit + at));
+            if (!whole) reached = hn::And(reached, within(sliceStart, sliceEnd));
+            auto weights = hn::IfThenElseZero(hn::RebindMask(words, reached), strength);
+            pixels = brightened(pixels, addedLight(Spread(hn::Load(words, b.light.texel + at)), weights));
         }
-        store(pixels, region, out, x, count);
+        if (whole) hn::StoreU(pixels, words, out + x);
+        else store(pixels, region, out, x, world.view.width - x);
     }
+}
+
+// Whether the tile is nothing but walls that are seen.
+static bool isWhole(const WorldStrips& world, const WallBlock& b, int x, size_t i, int y, int rows) {
+    const Ints ints;
+    auto none = hn::Gt(hn::Load(ints, b.start + i), hn::Set(ints, y));
+    auto less = hn::Lt(hn::Load(ints, b.end + i), hn::Set(ints, y + rows));
+    auto hidden = hn::MaskFromVec(hn::Load(ints, b.solidFog + i));
+    return hn::AllFalse(ints, hn::Or(hn::Or(none, less), hidden)) &&
+        x + static_cast<int>(hn::Lanes(ints)) <= world.view.width;
 }
 
 void drawWalls(const WorldStrips& world, int from, int to) {
@@ -185,8 +203,11 @@ void drawWalls(const WorldStrips& world, int from, int to) {
                 findTexels(b.light, b.sliceStart, y, rows, b.isLit);
                 b.light.loadTexels(rows);
             }
-            for (size_t i = 0; i < WallBlock::width; i += lanes)
-                drawTile(world, b, lit, x + static_cast<int>(i), i, y, rows);
+            for (size_t i = 0; i < WallBlock::width; i += lanes) {
+                int column = x + static_cast<int>(i);
+                auto draw = isWhole(world, b, column, i, y, rows) ? drawTile<true> : drawTile<false>;
+                draw(world, b, lit, column, i, y, rows);
+            }
         }
     }
 }
