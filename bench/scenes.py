@@ -72,7 +72,7 @@ class Scene:
             wall = self.renderer.castRay(self.camera.pos, view)
             distance = (wall - self.camera.pos).length * (0.3 + 0.1 * (i * 5 % 7))
             look = z.SpriteComponent(self.level.sprites[i % len(self.level.sprites)], i % 3 == 0,
-                                     0.12 * distance * (i * 3 % 5 - 2), 0.2 * distance,
+                                     0.12 * distance * (i * 3 % 5 - 2), 0.1 * distance,
                                      z.BLENDMODE_ADD if i % 4 == 0 else z.BLENDMODE_BLEND)
             ring.append(z.Entity(-1, z.PositionComponent(self.camera.pos + view * distance), look))
         return ring

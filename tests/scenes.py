@@ -36,7 +36,7 @@ def noise(rng, w, h):
 def random_level(rng):
     width, height = rng.randint(6, 16), rng.randint(6, 16)
     sizes = [(rng.randint(1, 20), rng.randint(1, 20)) for _ in range(5)]
-    textures = [noise(rng, *size) for size in rng.choice([sizes, sizes[:1] * 5])]
+    textures = [noise(rng, *size) for size in rng.choice([sizes, sizes[:1] * 5, [(8, 16)] * 5])]
     flats = [0, 1, 2, 3, 4, 4, 5, NO_TEXTURE]       # 5 is beyond the table
     density, ring, cells = rng.choice([0.05, 0.15, 0.4]), rng.random() < 0.6, bytearray()
     for y in range(height):

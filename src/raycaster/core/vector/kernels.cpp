@@ -4,6 +4,8 @@
 
 #include <hwy/targets.h>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 
 namespace zv {
@@ -21,16 +23,25 @@ const std::vector<VectorTarget>& vectorTargets() {
 // For the kernels that are called next.
 static void choose(const VectorTarget& target) { hwy::GetChosenTarget().Update(target.id); }
 
+// Far from the ends of what a double holds: multiplied by a power of two that fits an int, it keeps all its digits.
+static bool isModerate(double number) {
+    double size = std::fabs(number);
+    return number == 0 || (size > 1e-100 && size < 1e100);
+}
+
+static bool isModerate(Point point) { return isModerate(point.x) && isModerate(point.y); }
+
+// A texel's number in its image is to fit an int.
+static bool isModerate(const Image& image) { return static_cast<int64_t>(image.width) * image.height <= INT_MAX; }
+
 bool canDrawByVectors(const WorldPicture& world) {
-    const uint32_t* drawnOn = world.target.pixels;
-    for (const Image& texture : world.scene.textures)
-        if (texture.pixels == drawnOn) return false;
-    if (world.flashlight.pixels == drawnOn || world.backdrop.panorama.reads(drawnOn)) return false;
-    const View& view = world.view;
-    bool isFinite = std::isfinite(view.pos.x) && std::isfinite(view.pos.y) && std::isfinite(view.scale());
-    for (const RayHit& hit : world.columns.hits)
-        isFinite = isFinite && std::isfinite(hit.rayDir.x) && std::isfinite(hit.rayDir.y);
-    return isFinite && world.scene.fog.isUsable();
+    auto canRead = [&](const Image& image) { return image.pixels != world.target.pixels && isModerate(image); };
+    const std::vector<Image>& textures = world.scene.textures;
+    const std::vector<RayHit>& hits = world.columns.hits;
+    return world.scene.fog.isUsable() && isModerate(world.view.pos) && isModerate(world.view.scale()) &&
+        !world.backdrop.panorama.reads(world.target.pixels) && canRead(world.flashlight) &&
+        std::all_of(textures.begin(), textures.end(), canRead) &&
+        std::all_of(hits.begin(), hits.end(), [](const RayHit& hit) { return isModerate(hit.rayDir); });
 }
 
 WorldStrips::WorldStrips(const WorldPicture& world) : WorldPicture(world) {

@@ -25,8 +25,8 @@ struct WorldPicture {
     const MutableImage& target;
 };
 
-// Whether the kernels give the words of the plain loops: they read what the picture held before, and convert numbers
-// of any size, but no infinite ones.
+// Whether the kernels give the words of the plain loops: they read what the picture held before, and take no numbers
+// that are beyond all measure.
 bool canDrawByVectors(const WorldPicture& world);
 
 // Walls with the flashlight on them, floors, ceilings, and the backdrop where none of them is.
