@@ -39,8 +39,9 @@ struct Run {
 
     void findOneCell(const WorldStrips& world, double dist) {
         const Grid& grid = world.scene.grid;
-        int x = rayX.cell(dist, world.view.pos.x, grid.width), y = rayY.cell(dist, world.view.pos.y, grid.height);
-        isOneCell = x >= 0 && y >= 0;
+        int x = rayX.cell(dist, world.view.pos.x, grid.width);
+        int y = x < 0 ? -1 : rayY.cell(dist, world.view.pos.y, grid.height);
+        isOneCell = y >= 0;
         if (isOneCell) cell[0] = y * grid.width + x;
     }
 
