@@ -146,6 +146,11 @@ HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool li
     const auto solidFog = hn::RebindMask(words, hn::MaskFromVec(hn::Load(ints, b.solidFog + i)));
     const auto strength = hn::Load(words, b.strength + i);
     const Blend towardsFog(*fog.color, hn::Load(words, b.fog + i));
+    const bool hasGroundFog = fog.groundDensity > 0;
+    const auto firstWeights = groundWeights(b, i, y), lastWeights = groundWeights(b, i, y + rows - 1);
+    Blend towardsGround(*fog.groundColor, firstWeights);
+    // The ground fog gets no thinner from row to row.
+    const bool isSteady = whole && hn::AllTrue(words, hn::Eq(firstWeights, lastWeights));
     for (int row = y; row < y + rows; row++) {
         const auto here = hn::Set(ints, row), below = hn::Set(ints, row + 1);
         auto within = [&](auto first, auto past) HWY_ATTR { return hn::And(hn::Lt(first, below), hn::Lt(here, past)); };
@@ -154,9 +159,12 @@ HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool li
         auto region = hn::RebindMask(words, within(top, bottom)), drawn = hn::RebindMask(words, within(start, end));
         if (!whole && hn::AllFalse(words, region)) continue;
         Spread spread(hn::Load(words, b.wall.texel + at));
-        if (fog.groundDensity > 0) {
-            auto weights = groundWeights(b, i, row);
-            Blend(*fog.groundColor, whole ? weights : hn::IfThenElseZero(drawn, weights))(spread);
+        if (hasGroundFog) {
+            if (!isSteady) {
+                auto weights = groundWeights(b, i, row);
+                towardsGround = Blend(*fog.groundColor, whole ? weights : hn::IfThenElseZero(drawn, weights));
+            }
+            towardsGround(spread);
         }
         towardsFog(spread);
         auto pixels = spread.joined();
