@@ -2,7 +2,7 @@
 import numpy
 import zelvarine as z
 from measure import Scenario, one_figure
-from scenes import DIRECTIONS, Scene, StandingClock
+from scenes import DIRECTIONS, Scene
 
 SIZES = (160, 120), (320, 200)
 
@@ -14,7 +14,7 @@ def headless():
 
 
 def stepping(size):
-    engine = StandingClock()
+    engine = z.Engine()
     engine.init("bench", size)
     scene = Scene(size, engine=engine)
     engine.ecs.addSystem(z.MovementSystem(scene.level))

@@ -12,13 +12,6 @@ RING = IN_VIEW * 360 // FIELD_OF_VIEW
 NO_TEXTURE = 255
 
 
-class StandingClock(z.Engine):
-    """Lets animations stand still, so that every frame is the same work."""
-
-    def getTimeStep(self):
-        return 0.0
-
-
 class DemoLevel(z.Level):
     def __init__(self, sky=True):
         self.sky = sky
@@ -37,7 +30,7 @@ class Scene:
         self.level = DemoLevel(sky)
         self.target = z.Texture(*size)
         self.renderer = z.RaycastingRenderer(self.target, self.level)
-        self.ecs = (engine or StandingClock()).ecs
+        self.ecs = (engine or z.Engine()).ecs
         start = next(entity for entity in self.level.getEntities() if entity.id == 1)
         self.camera = self.renderer.getCamera()
         self.camera.pos.set(start.getComponent(z.PositionComponent).pos)
