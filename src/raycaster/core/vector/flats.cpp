@@ -15,32 +15,43 @@ namespace HWY_NAMESPACE {
 
 #if HWY_TARGET != HWY_SCALAR
 
+template <class Number> struct Range {
+    Number least, most;
+
+    Range(const Number* numbers, int count) {
+        auto [low, high] = std::minmax_element(numbers, numbers + count);
+        least = *low;
+        most = *high;
+    }
+};
+
 // The points of the level under a run of columns. The floor's row below the horizon and the ceiling's as far above it
 // are equally far, so they share them.
 struct Run {
     static constexpr int length = 64;  // columns
 
-    int begin = 0, columns = 0;
-    int top = 0, bottom = 0;                // the ceiling shows above, the floor from there on, in any column
+    int begin, columns;
+    Range<int> top, bottom;  // of what is between ceiling and floor
+    Range<double> rayX, rayY;
+
     bool isOneCell = false;                 // that of the first column
     HWY_ALIGN int32_t cell[length];         // number in the grid, -1 beyond its edge
     HWY_ALIGN int32_t texel[length];        // in textures that are alike
     HWY_ALIGN double u[length], v[length];  // place in the cell, for textures that differ
     HWY_ALIGN uint32_t backdrop[length];
 
-    Run(const WorldStrips& world, int firstColumn)
-        : begin(firstColumn), columns(std::min(length, world.view.width - firstColumn)) {
-        auto from = static_cast<ptrdiff_t>(begin), to = from + columns;
-        top = *std::max_element(world.top.begin() + from, world.top.begin() + to);
-        bottom = *std::min_element(world.bottom.begin() + from, world.bottom.begin() + to);
-        rayX = Range(world.rayX.data() + from, columns);
-        rayY = Range(world.rayY.data() + from, columns);
-    }
+    Run(const WorldStrips& world, int x)
+        : begin(x),
+          columns(std::min(length, world.view.width - x)),
+          top(&world.top[static_cast<size_t>(x)], columns),
+          bottom(&world.bottom[static_cast<size_t>(x)], columns),
+          rayX(&world.rayX[static_cast<size_t>(x)], columns),
+          rayY(&world.rayY[static_cast<size_t>(x)], columns) {}
 
     void findOneCell(const WorldStrips& world, double dist) {
         const Grid& grid = world.scene.grid;
-        int x = rayX.cell(dist, world.view.pos.x, grid.width);
-        int y = x < 0 ? -1 : rayY.cell(dist, world.view.pos.y, grid.height);
+        int x = cellOf(rayX, dist, world.view.pos.x, grid.width);
+        int y = x < 0 ? -1 : cellOf(rayY, dist, world.view.pos.y, grid.height);
         isOneCell = y >= 0;
         if (isOneCell) cell[0] = y * grid.width + x;
     }
@@ -53,25 +64,13 @@ struct Run {
     }
 
 private:
-    // Between which numbers the rays lie.
-    struct Range {
-        double least = 0, most = 0;
-
-        Range() = default;
-        Range(const double* rays, int count) {
-            auto [low, high] = std::minmax_element(rays, rays + count);
-            least = *low;
-            most = *high;
-        }
-        // The cell that all points of a row lie in, as rounding keeps their order; -1 if there is no such cell.
-        int cell(double dist, double pos, int cells) const {
-            double first = std::floor(dist * least + pos), last = std::floor(dist * most + pos);
-            return first == last && first >= 0 && first < cells ? static_cast<int>(first) : -1;
-        }
-    };
-
-    Range rayX, rayY;
     const uint32_t* loadedRow = nullptr;  // of the sky
+
+    // Where all points of a row lie along one axis, as rounding keeps their order; -1 if that is not one cell.
+    static int cellOf(const Range<double>& rays, double dist, double pos, int cells) {
+        double first = std::floor(dist * rays.least + pos), last = std::floor(dist * rays.most + pos);
+        return first == last && first >= 0 && first < cells ? static_cast<int>(first) : -1;
+    }
 };
 
 // The textures by the numbers that cells hold.
@@ -156,6 +155,10 @@ struct PlaneRow {
     bool solidFog;
     Blend ground, fog;
 
+    bool shows(const Run& run) const { return plane == cellFloor ? y >= run.bottom.least : y < run.top.most; }
+    bool fills(const Run& run) const {
+        return run.columns == Run::length && (plane == cellFloor ? y >= run.bottom.most : y < run.top.least);
+    }
     // Those of a vector of columns, from the run's `i`-th on, in which the plane shows.
     HWY_INLINE hn::Mask<Ints> region(const Run& run, int i) const {
         auto edges = hn::LoadU(Ints(), edge + run.begin + i), row = hn::Set(Ints(), y);
@@ -170,12 +173,14 @@ struct Texels {
     HWY_ALIGN int32_t isHere[Run::length];  // -1, or 0 where the backdrop shows
     bool areHere = true;
 
-    HWY_NOINLINE void load(const Grid& grid, const PlaneRow& row, const FlatTextures& textures, const Run& run) {
+    HWY_NOINLINE void load(
+        const Grid& grid, const PlaneRow& row, const FlatTextures& textures, const Run& run, bool isFull) {
         const Ints ints;
         const int lanes = static_cast<int>(hn::Lanes(ints));
         Cell cell = cellAt(grid, row, textures, run.cell[0]);
+        if (run.isOneCell && isFull) return loadCell(cell, row, textures, run, 0, Run::length);
         for (int i = 0; i < run.columns; i += lanes) {
-            if (hn::AllFalse(ints, row.region(run, i))) continue;
+            if (!isFull && hn::AllFalse(ints, row.region(run, i))) continue;
             if (run.isOneCell || hn::AllTrue(ints, hn::Eq(hn::Load(ints, run.cell + i), hn::Set(ints, run.cell[i])))) {
                 if (!run.isOneCell) cell = cellAt(grid, row, textures, run.cell[i]);
                 loadCell(cell, row, textures, run, i, i + lanes);
@@ -217,18 +222,20 @@ private:
     }
 };
 
+// `full`: the plane fills the row of the run.
+template <bool full>
 HWY_NOINLINE void drawRun(const WorldStrips& world, const PlaneRow& row, const FlatTextures& textures, Run& run) {
     const Ints ints;
     const Words words;
     const int lanes = static_cast<int>(hn::Lanes(ints));
     Texels texels;
-    texels.load(world.scene.grid, row, textures, run);
+    texels.load(world.scene.grid, row, textures, run, full);
     if (!texels.areHere) run.loadBackdrop(world, row.y);
-    uint32_t* out = world.target.row(row.y);
+    uint32_t* out = world.target.row(row.y) + run.begin;
     const auto solid = hn::Set(words, *world.scene.fog.color);
     for (int i = 0; i < run.columns; i += lanes) {
         auto region = row.region(run, i);
-        if (hn::AllFalse(ints, region)) continue;
+        if (!full && hn::AllFalse(ints, region)) continue;
         auto pixels = solid;
         if (!row.solidFog) {
             Spread spread(hn::Load(words, texels.word + i));
@@ -240,7 +247,8 @@ HWY_NOINLINE void drawRun(const WorldStrips& world, const PlaneRow& row, const F
             auto isHere = hn::RebindMask(words, hn::MaskFromVec(hn::Load(ints, texels.isHere + i)));
             pixels = hn::IfThenElse(isHere, pixels, hn::Load(words, run.backdrop + i));
         }
-        store(pixels, hn::RebindMask(words, region), out, run.begin + i, run.columns - i);
+        if (full) hn::StoreU(pixels, words, out + i);
+        else store(pixels, hn::RebindMask(words, region), out, i, run.columns - i);
     }
 }
 
@@ -260,14 +268,14 @@ void drawFlats(const WorldStrips& world, int from, int to) {
             Blend(*fog.groundColor, fog.groundAt(rowDist)), Blend(*fog.color, fogAmount)};
         PlaneRow ceiling{cellCeiling, above, world.top.data(), fogAmount >= 255, floor.ground, floor.fog};
         for (Run& run : runs) {
-            bool seesFloor = hasFloor && below >= run.bottom, seesCeiling = hasCeiling && above < run.top;
+            bool seesFloor = hasFloor && floor.shows(run), seesCeiling = hasCeiling && ceiling.shows(run);
             if (!seesFloor && !seesCeiling) continue;
             run.findOneCell(world, rowDist);
             auto find = textures.areAlike ? (run.isOneCell ? findPoints<true, true> : findPoints<true, false>)
                                           : (run.isOneCell ? findPoints<false, true> : findPoints<false, false>);
             find(world, rowDist, textures, run);
-            if (seesFloor) drawRun(world, floor, textures, run);
-            if (seesCeiling) drawRun(world, ceiling, textures, run);
+            if (seesFloor) (floor.fills(run) ? drawRun<true> : drawRun<false>)(world, floor, textures, run);
+            if (seesCeiling) (ceiling.fills(run) ? drawRun<true> : drawRun<false>)(world, ceiling, textures, run);
         }
     }
 }
