@@ -153,8 +153,16 @@ struct PlaneRow {
     int y;
     const int* edge;  // the region's, a number a column
     bool solidFog;
+    uint32_t fogColor;
     Blend ground, fog;
 
+    HWY_INLINE hn::Vec<Words> shaded(hn::Vec<Words> texels) const {
+        if (solidFog) return hn::Set(Words(), fogColor);
+        Spread spread(texels);
+        if (plane == cellFloor) ground(spread);
+        fog(spread);
+        return spread.joined();
+    }
     bool shows(const Run& run) const { return plane == cellFloor ? y >= run.bottom.least : y < run.top.most; }
     bool fills(const Run& run) const {
         return run.columns == Run::length && (plane == cellFloor ? y >= run.bottom.most : y < run.top.least);
@@ -232,20 +240,16 @@ HWY_NOINLINE void drawRun(const WorldStrips& world, const PlaneRow& row, const F
     texels.load(world.scene.grid, row, textures, run, full);
     if (!texels.areHere) run.loadBackdrop(world, row.y);
     uint32_t* out = world.target.row(row.y) + run.begin;
-    const auto solid = hn::Set(words, *world.scene.fog.color);
     for (int i = 0; i < run.columns; i += lanes) {
         auto region = row.region(run, i);
         if (!full && hn::AllFalse(ints, region)) continue;
-        auto pixels = solid;
-        if (!row.solidFog) {
-            Spread spread(hn::Load(words, texels.word + i));
-            if (row.plane == cellFloor) row.ground(spread);
-            row.fog(spread);
-            pixels = spread.joined();
-        }
-        if (!texels.areHere) {
+        auto pixels = hn::Load(words, texels.word + i);
+        if (texels.areHere) {
+            pixels = row.shaded(pixels);
+        } else {
             auto isHere = hn::RebindMask(words, hn::MaskFromVec(hn::Load(ints, texels.isHere + i)));
-            pixels = hn::IfThenElse(isHere, pixels, hn::Load(words, run.backdrop + i));
+            auto backdrop = hn::Load(words, run.backdrop + i);
+            pixels = hn::AllFalse(words, isHere) ? backdrop : hn::IfThenElse(isHere, row.shaded(pixels), backdrop);
         }
         if (full) hn::StoreU(pixels, words, out + i);
         else store(pixels, hn::RebindMask(words, region), out, i, run.columns - i);
@@ -264,9 +268,9 @@ void drawFlats(const WorldStrips& world, int from, int to) {
         if (!hasFloor && !hasCeiling) continue;
         double rowDist = view.scale() / away;
         int fogAmount = fog.at(rowDist);
-        PlaneRow floor{cellFloor, below, world.bottom.data(), fogAmount >= 255,
+        PlaneRow floor{cellFloor, below, world.bottom.data(), fogAmount >= 255, *fog.color,
             Blend(*fog.groundColor, fog.groundAt(rowDist)), Blend(*fog.color, fogAmount)};
-        PlaneRow ceiling{cellCeiling, above, world.top.data(), fogAmount >= 255, floor.ground, floor.fog};
+        PlaneRow ceiling{cellCeiling, above, world.top.data(), fogAmount >= 255, *fog.color, floor.ground, floor.fog};
         for (Run& run : runs) {
             bool seesFloor = hasFloor && floor.shows(run), seesCeiling = hasCeiling && ceiling.shows(run);
             if (!seesFloor && !seesCeiling) continue;
