@@ -190,10 +190,10 @@ HWY_NOINLINE void drawTile(const WorldStrips& world, const WallBlock& b, bool li
 // Whether the tile is nothing but walls that are seen.
 static bool isWhole(const WorldStrips& world, const WallBlock& b, int x, size_t i, int y, int rows) {
     const Ints ints;
-    auto none = hn::Gt(hn::Load(ints, b.start + i), hn::Set(ints, y));
-    auto less = hn::Lt(hn::Load(ints, b.end + i), hn::Set(ints, y + rows));
-    auto hidden = hn::MaskFromVec(hn::Load(ints, b.solidFog + i));
-    return hn::AllFalse(ints, hn::Or(hn::Or(none, less), hidden)) &&
+    auto beginsLater = hn::Gt(hn::Load(ints, b.start + i), hn::Set(ints, y));
+    auto endsSooner = hn::Lt(hn::Load(ints, b.end + i), hn::Set(ints, y + rows));
+    auto isHidden = hn::MaskFromVec(hn::Load(ints, b.solidFog + i));
+    return hn::AllFalse(ints, hn::Or(hn::Or(beginsLater, endsSooner), isHidden)) &&
         x + static_cast<int>(hn::Lanes(ints)) <= world.view.width;
 }
 
