@@ -65,7 +65,7 @@ std::optional<bool> EntityList::holds(PyObject* entity) {
 
 Py_ssize_t EntityList::placeOf(PyObject* entity) const {
     PyObject **first = items(), **last = first + size();
-    if (known) {
+    if (known && *first != entity) {  // when all go, it is the first each time
         auto joinedBefore = [&](PyObject* item, uint64_t number) { return joined.at(item) < number; };
         PyObject** place = std::lower_bound(first, last, joined.at(entity), joinedBefore);
         if (place != last && *place == entity) return place - first;  // or it has been sorted
