@@ -1,10 +1,12 @@
 """Entities, systems, the registry that keeps them in step, and the basic components."""
 
+import random
+import time
 import types
 
 import pytest
 import zelvarine as z
-from zelvarine import AbstractSystem, Ecs, Entity, PositionComponent
+from zelvarine import AbstractSystem, Ecs, Entity, PositionComponent, SpriteComponent
 
 
 def test_one_component_of_each_exact_type():
@@ -38,17 +40,42 @@ def test_ids_are_given_kept_and_found():
         pytest.raises(ValueError, Entity, bad).match("^Entity ID must be int$")
 
 
-def test_membership_follows_entities_components_and_systems():
-    ecs, placed, everything = Ecs(None), AbstractSystem(PositionComponent), AbstractSystem()
-    entity, other, members = Entity(1, PositionComponent()), Entity(2), placed.entities
+def test_membership_follows_entities_components_and_systems_without_a_search():
+    ecs, placed, everything, start = Ecs(None), AbstractSystem(PositionComponent), AbstractSystem(), time.process_time()
+    entity, other, crowd = Entity(1, PositionComponent()), Entity(2), [Entity() for _ in range(30000)]
     ecs.addEntity(entity), ecs.addSystem(everything), ecs.addEntity(other), ecs.addSystem(placed)
-    assert (members, everything.entities) == ([entity], [entity, other])
-    other.addComponent(PositionComponent())
-    entity.removeComponentType(PositionComponent)
-    assert (members, everything.entities) == ([other], [entity, other])
-    ecs.removeSystem(placed)
-    ecs.removeEntity(entity)
-    assert (members, placed.getEcs(), everything.entities) == ([], None, [other]) and placed.entities is members
+    [(ecs.addEntity(each), each.addComponent(PositionComponent()), ecs.getEntityById(each.id)) for each in crowd]
+    assert (placed.entities, everything.entities) == ([entity] + crowd, [entity, other] + crowd)
+    members = placed.entities
+    ecs.removeSystem(placed), [ecs.removeEntity(each) for each in crowd[::-1] + [entity]]
+    assert placed.entities is members == [] and everything.entities == [other] and time.process_time() - start < 3
+
+
+@pytest.mark.parametrize("seed", range(6))
+def test_lists_follow_the_plain_rule_whoever_changes_them(seed):
+    rng, ecs, all, shown = random.Random(seed), Ecs(None), [], []  # the last two are what the lists should be
+    system, kept = z.RaycastingRenderer(z.Texture(1, 1), z.Level()), seed % 2 and ecs.getEntities()
+    own = type("Own", (Entity,), {"__eq__": lambda self, other: self.id == other.id} if seed > 3 else {})
+    entities = [(own if i + seed > 30 else Entity)(i % 25, PositionComponent(z.Vector2(i, i))) for i in range(30)]
+    ecs.addSystem(system)
+    for _ in range(9000):
+        entity, number, action, changes = rng.choice(entities), max(-1, rng.randrange(-9, 30)), rng.random(), []
+        is_shown, joins = SpriteComponent in entity._components, action < 0.4
+        if action < 0.5:
+            (ecs.addEntity if joins else ecs.removeEntity)(entity)
+            changes = [(shown, is_shown and joins), (all, joins)] if (entity in all) != joins else []
+        elif action < 0.9:
+            (entity.removeComponent if is_shown else entity.addComponent)(SpriteComponent())
+            changes = [(shown, not is_shown)] if entity._ecs else []
+        elif action < 0.92 and seed < 4:
+            entity._id, _ = number, system.getEntityAtScreenCoords(0, 0)  # sorts the list
+            shown.sort(key=lambda each: -each.getComponent(SpriteComponent)._dist)
+        elif action < 0.925:
+            for live, plain in (kept or ecs.getEntities(), all), (system.entities, shown):
+                assert [*map(id, live)] == [*map(id, plain)]
+                live[1:3] = plain[1:3] = [entity, *plain[1:2]] if plain is all else plain[2:0:-1]
+        [(plain.append if wanted else plain.remove)(entity) for plain, wanted in changes if (entity in plain) != wanted]
+        assert ecs.getEntityById(number) is next((each for each in all if each.id == number), None)
 
 
 def test_what_systems_are_told_and_when():

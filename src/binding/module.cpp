@@ -17,6 +17,20 @@ Ref<> builtin(Name& name) {
     return getAttribute(builtins.raw(), name);
 }
 
+Walk::Walk(PyObject* iterable)
+    : isList(iterable && PyList_CheckExact(iterable)),
+      walked(isList ? Ref<>::borrow(iterable) : Ref<>::steal(PyObject_GetIter(iterable ? iterable : Py_None))) {}
+
+Ref<> Walk::next() {
+    if (isList) {
+        bool isOver = index >= PyList_GET_SIZE(walked.raw());
+        return isOver ? Ref<>() : Ref<>::borrow(PyList_GET_ITEM(walked.raw(), index++));
+    }
+    PyObject* item = PyIter_Next(walked.raw());
+    if (!item && PyErr_Occurred()) throw PythonError{};
+    return item ? Ref<>::steal(item) : Ref<>();
+}
+
 void print(const Ref<>& text) { callFunction(builtin("print"_name).raw(), text); }
 
 }  // namespace zv

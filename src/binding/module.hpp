@@ -51,11 +51,21 @@ inline Py_ssize_t lengthOf(PyObject* o) {
     return length;
 }
 
-// Walks an iterable the way a for loop does.
+// A walk along an iterable, as a for loop does it. A list needs no iterator, by which a script could find the list.
+class Walk {
+public:
+    explicit Walk(PyObject* iterable);
+    Ref<> next();  // empty at the end
+
+private:
+    bool isList;
+    Ref<> walked;  // the list, or an iterator
+    Py_ssize_t index = 0;
+};
+
 template <class F> void forEach(PyObject* iterable, F&& body) {
-    Ref<> iterator = Ref<>::steal(PyObject_GetIter(iterable ? iterable : Py_None));
-    while (PyObject* next = PyIter_Next(iterator.raw())) body(Ref<>::steal(next).raw());
-    if (PyErr_Occurred()) throw PythonError{};
+    Walk walk(iterable);
+    while (Ref<> item = walk.next()) body(item.raw());
 }
 
 // `item in container`

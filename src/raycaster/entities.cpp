@@ -62,11 +62,7 @@ static PyObject* distanceOf(PyObject*, PyObject* entity) noexcept {
 
 void RaycastingRenderer::sortByDistance() {
     static PyMethodDef keyFunction{"dist", distanceOf, METH_O, nullptr};
-    Ref<List> members = entities;
-    Ref<> key = Ref<>::steal(PyCFunction_New(&keyFunction, nullptr));
-    Ref<> options = Ref<>::steal(Py_BuildValue("{s:O,s:O}", "key", key.raw(), "reverse", Py_True));
-    Ref<> method = getAttribute(members.raw(), "sort"_name);
-    Ref<>::steal(PyObject_Call(method.raw(), Ref<>::steal(PyTuple_New(0)).raw(), options.raw()));
+    entities.sortDescending(Ref<>::steal(PyCFunction_New(&keyFunction, nullptr)).raw());
 }
 
 void RaycastingRenderer::measure(PyObject* entity, const View& view) {

@@ -78,10 +78,11 @@ Ref<Texture> Font::renderPage(PyObject* lines, SDL_Color color) const {
     });
     SurfaceHandle page = createSurface(width, Convert<int>::from(toPython(height).raw()));
     int64_t y = 0;
-    for (const SurfaceHandle& surface : surfaces) {
+    for (SurfaceHandle& surface : surfaces) {
         SDL_Rect place{0, static_cast<int>(y), 0, 0};
         if (surface) SDL_UpperBlit(surface.get(), nullptr, page.get(), &place);
         y += surface ? surface->h : size;
+        surface.reset();  // at once: SDL finds it in a list of all that were drawn onto the page
     }
     return makeTexture(std::move(page));
 }

@@ -27,17 +27,10 @@ bool AbstractSystem::interestedIn(PyObject* entity) {
 }
 
 void AbstractSystem::updateEntityMembership(PyObject* entity) {
-    bool interested = call<&AbstractSystem::interestedIn>(*this, entity);
-    Ref<List> members = entities;
-    bool member = contains(members.raw(), entity);
-    if (member && !interested) callByName(members.raw(), "remove"_name, entity);
-    if (!member && interested) callByName(members.raw(), "append"_name, entity);
+    entities.setMember(entity, call<&AbstractSystem::interestedIn>(*this, entity));
 }
 
-void AbstractSystem::removeEntity(PyObject* entity) {
-    Ref<List> members = entities;
-    if (contains(members.raw(), entity)) callByName(members.raw(), "remove"_name, entity);
-}
+void AbstractSystem::removeEntity(PyObject* entity) { entities.setMember(entity, false); }
 
 void AbstractSystem::setEcs(Ref<Ecs> newEcs) { ecs = std::move(newEcs); }
 void AbstractSystem::setEngine(Ref<Engine> newEngine) { engine = std::move(newEngine); }

@@ -1,6 +1,6 @@
 // The base of all systems: keeps the entities that have all of its component types.
 #pragma once
-#include "resources/entity/entity.hpp"
+#include "resources/entity/entitylist.hpp"
 
 namespace zv {
 
@@ -8,13 +8,13 @@ struct Engine;
 
 struct AbstractSystem : Object {
     Ref<Tuple> interestedComponentTypes = Ref<Tuple>::steal(PyTuple_New(0));
-    Ref<List> entities = Ref<List>::steal(PyList_New(0));
+    EntityList entities;
     Ref<Ecs> ecs;
     Ref<Engine> engine;
 
     void eachRef(RefVisitor& visit) override {
         visit(interestedComponentTypes);
-        visit(entities);
+        entities.eachRef(visit);
         visit(ecs);
         visit(engine);
     }

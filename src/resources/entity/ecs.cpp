@@ -10,20 +10,20 @@ void Ecs::update(double timeStep) {
 }
 
 void Ecs::addEntity(PyObject* entity) {
-    if (contains(entities.raw(), entity)) return;
+    if (entities.contains(entity)) return;
     Ref<> id = getAttribute(entity, "id"_name);
     if (equal(id.raw(), toPython(-1).raw()))
         setAttribute(entity, "_id"_name,
             callFunction(getAttribute(Module::global("__builtins__"_name).raw(), "id"_name).raw(), entity).raw());
     forEach(systems.raw(), [&](PyObject* system) { callByName(system, "_updateEntityMembership"_name, entity); });
-    callByName(entities.raw(), "append"_name, entity);
+    entities.append(entity);
     setAttribute(entity, "_ecs"_name, self());
 }
 
 void Ecs::removeEntity(PyObject* entity) {
-    if (!contains(entities.raw(), entity)) return;
+    if (!entities.contains(entity)) return;
     forEach(systems.raw(), [&](PyObject* system) { callByName(system, "_removeEntity"_name, entity); });
-    callByName(entities.raw(), "remove"_name, entity);
+    entities.remove(entity);
     setAttribute(entity, "_ecs"_name, nullptr);
 }
 
@@ -39,20 +39,14 @@ static PyObject* hasRequiredComponents(PyObject* types, PyObject* entity) noexce
 
 Ref<> Ecs::getEntities(Args requiredComponentTypes) {
     static PyMethodDef predicate{"predicate", hasRequiredComponents, METH_O, nullptr};
-    if (requiredComponentTypes.size == 0) return Ref<>::borrow(entities.raw());
+    Ref<> list = Ref<>::steal(Convert<EntityList>::to(entities));
+    if (requiredComponentTypes.size == 0) return list;
     Ref<Tuple> types = tupleOf(requiredComponentTypes);
     Ref<> bound = Ref<>::steal(PyCFunction_New(&predicate, types.raw()));
-    return callFunction(builtin("filter"_name).raw(), bound, entities);
+    return callFunction(builtin("filter"_name).raw(), bound, list);
 }
 
-Ref<> Ecs::getEntityById(PyObject* id) {
-    Ref<> first;
-    forEach(entities.raw(), [&](PyObject* entity) {
-        bool fits = equal(getAttribute(entity, "id"_name).raw(), id);  // of all: comparing may run a script
-        if (fits && !first) first = Ref<>::borrow(entity);
-    });
-    return first;
-}
+Ref<> Ecs::getEntityById(PyObject* id) { return entities.find(id); }
 
 void Ecs::addSystem(PyObject* system) {
     if (!contains(systems.raw(), system)) callByName(systems.raw(), "append"_name, system);

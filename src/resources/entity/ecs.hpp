@@ -6,12 +6,12 @@ namespace zv {
 
 struct Ecs : Object {
     Ref<List> systems = Ref<List>::steal(PyList_New(0));
-    Ref<List> entities = Ref<List>::steal(PyList_New(0));
+    EntityList entities;
     Ref<Engine> engine;
 
     void eachRef(RefVisitor& visit) override {
         visit(systems);
-        visit(entities);
+        entities.eachRef(visit);
         visit(engine);
     }
 

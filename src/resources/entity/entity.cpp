@@ -8,12 +8,17 @@ static PyObject* typeOfObject(PyObject* o) { return reinterpret_cast<PyObject*>(
 
 void Entity::init(PyObject* newId, Args newComponents) {
     if (newId && Py_TYPE(newId) != &PyLong_Type) raise(PyExc_ValueError, "Entity ID must be int");
-    id = newId ? Convert<int64_t>::from(newId) : -1;
+    setId(newId ? Convert<int64_t>::from(newId) : noId);
     Ref<Dict> byType = Ref<Dict>::steal(PyDict_New());
     for (Py_ssize_t i = 0; i < newComponents.size; i++)
         checked(PyDict_SetItem(byType.raw(), typeOfObject(newComponents.items[i]), newComponents.items[i]));
     components = std::move(byType);
     ecs = {};
+}
+
+void Entity::setId(int64_t newId) {
+    if (id != noId) renamings++;
+    id = newId;
 }
 
 void Entity::membershipChanged() {
@@ -72,7 +77,7 @@ void declareEntity(Module& module) {
         .method<&Entity::getComponents>("getComponents", {}, "A live view of all components.\n@return(dict_values)")
         .property<&Entity::components>("_components", "dict from exact type to component")
         .property<&Entity::ecs>("_ecs", "the Ecs that the entity is in, or None")
-        .property<&Entity::id>("_id", "the id; -1 means that none has been given yet")
+        .property<&Entity::getId, &Entity::setId>("_id", "the id; -1 means that none has been given yet")
         .readonly<&Entity::id>("id", "the id; -1 means that none has been given yet")
         .addTo(module.raw());
 }

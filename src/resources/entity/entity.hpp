@@ -8,9 +8,13 @@ namespace zv {
 struct Ecs;
 
 struct Entity : Object {
+    static constexpr int64_t noId = -1;
+    // How many times an entity has exchanged its id for another one.
+    inline static uint64_t renamings = 0;
+
     Ref<Dict> components = Ref<Dict>::steal(PyDict_New());
     Ref<Ecs> ecs;
-    int64_t id = -1;
+    int64_t id = noId;
 
     void eachRef(RefVisitor& visit) override {
         visit(components);
@@ -23,6 +27,8 @@ struct Entity : Object {
     void removeComponentType(PyObject* componentType);
     Ref<> getComponent(PyObject* componentType) const;
     Ref<> getComponents() const;
+    int64_t getId() const { return id; }
+    void setId(int64_t newId);
 
 private:
     void membershipChanged();
