@@ -19,6 +19,11 @@ inline SDL_Rect intersection(const SDL_Rect& a, const SDL_Rect& b) {
     return {left, top, saturate(right - left), saturate(bottom - top)};
 }
 
+// Whether a point is inside a rectangle. The edges are outside.
+inline bool contains(const SDL_Rect& r, int x, int y) {
+    return x > r.x && x < int64_t{r.x} + r.w && y > r.y && y < int64_t{r.y} + r.h;
+}
+
 // A margin or padding around a rectangle.
 struct Edges {
     int top, right, bottom, left;

@@ -36,8 +36,10 @@ void UIRenderer::render() {
     Ref<UIWidget>(widget)->calculateMinSize();
     Ref<UIWidget>(widget)->calculateMaxSize();
     Ref<UIWidget>(widget)->calculatePos();
-    callByName(Ref<UIWidget>(widget).raw(), "update"_name, mouseX, mouseY, isMouseLeftPressed);
-    callByName(Ref<UIWidget>(widget).raw(), "render"_name);
+    Ref<UIWidget>(widget)->update(mouseX, mouseY, isMouseLeftPressed);
+    Ref<UIWidget> root = widget;
+    if (isNative(*root)) root->doRender({});
+    else callByName(root.raw(), "render"_name);
 }
 
 void UIRenderer::setEngine(Ref<Engine> newEngine) {

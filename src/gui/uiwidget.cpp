@@ -56,10 +56,13 @@ void UIWidget::setMargin(Args values) {
 }
 
 bool UIWidget::isUnder(int mouseX, int mouseY) {
+    if (isNative(*this)) return contains(rect(), mouseX, mouseY);
     return Convert<bool>::from(callByName(self(), "isInside"_name, mouseX, mouseY).raw());
 }
 
-bool UIWidget::hovered() { return Convert<bool>::from(getAttribute(self(), "isHovered"_name).raw()); }
+bool UIWidget::hovered() {
+    return isNative(*this) ? isHovered : Convert<bool>::from(getAttribute(self(), "isHovered"_name).raw());
+}
 
 bool UIWidget::handleClick(MouseClickEvent* event) {
     if (!isEnabled || !hovered()) return false;
@@ -82,6 +85,7 @@ std::optional<Canvas> UIWidget::beginRender(const Clip& clip) {
 
 Ref<> UIWidget::pieces() const {
     Ref<UITheme> theme = renderer->theme;
+    if (theme && isNative(*theme)) return Ref<>::borrow(theme->widgets.raw());
     return getAttribute(theme.raw(), "widgets"_name);
 }
 
@@ -91,9 +95,19 @@ void UIWidget::fireEvent(const Ref<>& event) const {
     if (renderer && renderer->engine) callByName(renderer->engine.raw(), "fireEvent"_name, event);
 }
 
-void UIWidget::render(Ref<>, Ref<>, Ref<>, Ref<>) { requireRenderer(); }
-
 void UIWidget::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    if (isNative(*this)) doUpdate(mouseX, mouseY, isMouseLeftPressed);
+    else callByName(self(), "update"_name, mouseX, mouseY, isMouseLeftPressed);
+}
+
+void UIWidget::render(const Clip& clip) {
+    if (isNative(*this)) doRender(clip);
+    else callByName(self(), "render"_name, clip.x, clip.y, clip.width, clip.height);
+}
+
+void UIWidget::doRender(const Clip&) { requireRenderer(); }
+
+void UIWidget::doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) {
     isHovered = isUnder(mouseX, mouseY);
     if (hovered() && isMouseLeftPressed && !isDragging) {
         isDragging = true;
@@ -141,12 +155,12 @@ void declareUIWidget(Module& module) {
         .method<&UIWidget::getParent>("getParent", {},
             "The container that this widget was added to, or None.\n@return(AbstractUIContainer or None)")
         .method<&UIWidget::getRenderer>("getRenderer", {}, "The renderer that this widget is attached to, or None.")
-        .method<&UIWidget::render>("render", clipParams,
+        .method<&UIWidget::renderAs<UIWidget>>("render", clipParams,
             "Renders the widget. It should be overwritten by deriving classes in order to draw the widget's\n"
             "appearance on the render target. Call this base implementation first: it raises EngineException\n"
             "for a visible widget that is not connected to a UIRenderer.\n"
             "Nothing is to be drawn outside the clip rectangle; a negative value means that there is none.")
-        .method<&UIWidget::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
+        .method<&UIWidget::updateAs<UIWidget>>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
             "Called once per frame, before `render`. It can be overwritten and can be used to update the\n"
             "widget's state. This base implementation tracks the mouse: it sets `isHovered` and calls\n"
             "`onDragStart`, `onDrag` and `onDragEnd`. The position is in pixels of the render target.")

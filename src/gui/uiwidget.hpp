@@ -55,6 +55,9 @@ struct UIWidget : Object {
     virtual SDL_Rect getClippedRect(const Clip& clip);
     // The room that a container offers to its children.
     virtual SDL_Point innerSize() const { return {0, 0}; }
+    // What update() and render() are in this class. Others call those two, and a script's override takes effect.
+    virtual void doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed);
+    virtual void doRender(const Clip& clip);
 
     void init() {}
     void setParent(Ref<AbstractUIContainer> newParent);
@@ -63,8 +66,15 @@ struct UIWidget : Object {
     bool handleScroll(MouseWheelEvent*) { return false; }
     Ref<UIWidget> getParent() const { return parent; }
     Ref<UIRenderer> getRenderer() const { return renderer; }
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
     void update(int mouseX, int mouseY, bool isMouseLeftPressed);
+    void render(const Clip& clip);
+    // The methods as Python finds them in the class T: they do what that very class does, for the sake of super().
+    template <class T> void updateAs(int mouseX, int mouseY, bool isMouseLeftPressed) {
+        static_cast<T*>(this)->T::doUpdate(mouseX, mouseY, isMouseLeftPressed);
+    }
+    template <class T> void renderAs(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
+        static_cast<T*>(this)->T::doRender({clipX, clipY, clipWidth, clipHeight});
+    }
     void onDragStart(int, int) {}
     void onDrag(int, int, int, int) {}
     void onDragEnd(int, int) {}

@@ -28,16 +28,15 @@ void AbstractUIContainer::calculatePos() {
     eachChild([](UIWidget& child) { child.calculatePos(); });
 }
 
-void AbstractUIContainer::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
-    UIWidget::update(mouseX, mouseY, isMouseLeftPressed);
-    eachChild([&](UIWidget& child) { callByName(child.self(), "update"_name, mouseX, mouseY, isMouseLeftPressed); });
+void AbstractUIContainer::doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    UIWidget::doUpdate(mouseX, mouseY, isMouseLeftPressed);
+    eachChild([&](UIWidget& child) { child.update(mouseX, mouseY, isMouseLeftPressed); });
 }
 
 void AbstractUIContainer::renderChildren(const Clip& clip) {
     if (!isVisible) return;
     requireRenderer();
-    eachChild(
-        [&](UIWidget& child) { callByName(child.self(), "render"_name, clip.x, clip.y, clip.width, clip.height); });
+    eachChild([&](UIWidget& child) { child.render(clip); });
 }
 
 bool AbstractUIContainer::offerEvent(Name& method, Event* event) {
@@ -81,8 +80,8 @@ void declareAbstractUIContainer(Module& module) {
         .method<&AbstractUIContainer::removeChild>("removeChild", {{"child"}},
             "Removes a child; nothing happens if it is not here. It keeps its parent and its renderer.")
         .method<&AbstractUIContainer::removeAllChildren>("removeAllChildren", {}, "Removes all children.")
-        .method<&AbstractUIContainer::render>("render", clipParams, "Renders the child widgets.")
-        .method<&AbstractUIContainer::update>(
+        .method<&UIWidget::renderAs<AbstractUIContainer>>("render", clipParams, "Renders the child widgets.")
+        .method<&UIWidget::updateAs<AbstractUIContainer>>(
             "update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}}, "Updates the child widgets.")
         .method<&AbstractUIContainer::handleClick>("_onClick", {{"event"}},
             "Offers a click to the children, the topmost first, until one takes it.\n"

@@ -19,15 +19,13 @@ struct AbstractUIContainer : UIWidget {
     void calculateMinSize() override;
     void calculateMaxSize() override;
     void calculatePos() override;
+    void doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) override;
+    void doRender(const Clip& clip) override { renderChildren(clip); }
     SDL_Point innerSize() const override { return {innerWidth, innerHeight}; }
 
     Ref<> getChildren() const { return Ref<>::borrow(children.raw()); }
     void removeChild(PyObject* child);
     void removeAllChildren();
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-        renderChildren({clipX, clipY, clipWidth, clipHeight});
-    }
-    void update(int mouseX, int mouseY, bool isMouseLeftPressed);
     bool handleClick(MouseClickEvent* event);
     Ref<> handleScroll(MouseWheelEvent* event);
     void setPadding(Args values) {

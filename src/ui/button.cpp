@@ -36,13 +36,13 @@ void UIButton::calculateMinSize() {
     if (sizePolicyY != SIZE_FIXED) height = minHeight;
 }
 
-void UIButton::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+void UIButton::doRender(const Clip& clip) {
+    std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     canvas->cut();
     Ref<> face = piece("button"_name, hovered() ? "hover"_name : "normal"_name);
     blitThreeSlice(*canvas, tileset(), face, Axis::horizontal, *this);
-    renderChildren({clipX, clipY, clipWidth, clipHeight});
+    renderChildren(clip);
     canvas->uncut();
 }
 
@@ -64,7 +64,7 @@ void declareUIButton(Module& module) {
         .init<&UIButton::init>({{"label", Required{}, "str"}})
         .method<&UIButton::getText>("getText", {}, "The text of the label.\n@return(str)")
         .method<&UIButton::setText>("setText", {{"text", Required{}, "str"}}, "Replaces the text of the label.")
-        .method<&UIButton::render>("render", clipParams, "Renders the button and its label.")
+        .method<&UIWidget::renderAs<UIButton>>("render", clipParams, "Renders the button and its label.")
         .method<&UIButton::handleClick>("_onClick", {{"event"}},
             "An enabled button takes a click inside it: it calls `onClick` and fires a ButtonClickEvent.\n"
             "@return(bool) whether the button took the click")

@@ -77,8 +77,8 @@ void UISlider::calculateMinSize() {
     }
 }
 
-void UISlider::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
-    UIWidget::update(mouseX, mouseY, isMouseLeftPressed);
+void UISlider::doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    UIWidget::doUpdate(mouseX, mouseY, isMouseLeftPressed);
     if (!renderer) {
         firstButtonHovered = secondButtonHovered = false;
         return;
@@ -94,6 +94,7 @@ void UISlider::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
 }
 
 bool UISlider::isPointIn(const SDL_Rect& r, int mouseX, int mouseY) {
+    if (isNative(*this)) return contains(r, mouseX, mouseY);
     return Convert<bool>::from(callByName(self(), "_pointInRect"_name, mouseX, mouseY, r.x, r.y, r.w, r.h).raw());
 }
 
@@ -129,8 +130,8 @@ void UISlider::onDrag(int mouseX, int mouseY, int, int) {
 
 void UISlider::onDragEnd(int, int) { isDragged = false; }
 
-void UISlider::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+void UISlider::doRender(const Clip& clip) {
+    std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     canvas->cut();
     const Axis& along = axis();
@@ -166,9 +167,9 @@ void declareUISlider(Module& module) {
         .property<&UISlider::readPercent, &UISlider::writePercent>("percent",
             "the value as a share of the range, 0.0 to 1.0; NaN raises ValueError. With equal bounds it reads as\n"
             "0.0, and each reading reports a ZeroDivisionError to sys.unraisablehook.")
-        .method<&UISlider::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
+        .method<&UIWidget::updateAs<UISlider>>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
             "Tracks the mouse over the slider and its buttons.")
-        .method<&UISlider::render>("render", clipParams, "Renders the slider")
+        .method<&UIWidget::renderAs<UISlider>>("render", clipParams, "Renders the slider")
         .method<&UISlider::handleClick>("_onClick", {{"event"}},
             "A click on a button at the end changes the value by 10.\n@return(bool) whether the slider took the click")
         .method<&UISlider::onDragStart>(

@@ -21,7 +21,12 @@ Ref<> UIText::getTextByName() const { return callByName(self(), "getText"_name);
 void UIText::setTextByName(PyObject* newText) { callByName(self(), "setText"_name, newText); }
 
 // Fetched anew at each use; any object that a script's theme hands out as a font.
-Ref<> UIText::font() const { return callByName(renderer->theme.raw(), "getFont"_name, std::string_view("aileron")); }
+Ref<> UIText::font() const {
+    Ref<UITheme> theme = renderer->theme;
+    Ref<Str> name = Ref<Str>::borrow("aileron"_name.get());
+    if (theme && isNative(*theme)) return toPython(theme->getFont(name));
+    return callByName(theme.raw(), "getFont"_name, name);
+}
 
 // The number of an open font that measures and renders without any script's doing, else 0.
 static int64_t faceOf(const Ref<>& font) {
@@ -87,8 +92,8 @@ Ref<Texture> UIText::rendered() {
     return picture.texture;
 }
 
-void UIText::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+void UIText::doRender(const Clip& clip) {
+    std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     Ref<Texture> shown = rendered();
     canvas->cut();
@@ -106,7 +111,7 @@ void declareUIText(Module& module) {
             "Determines the size which is required for the text.\n"
             "Note that this only works if the widget is appended to a renderer.\n"
             "The widths of several lines are summed. Without a renderer the size is (0, 0).")
-        .method<&UIText::render>("render", clipParams, "Renders the text, cut off at the edges of the widget.")
+        .method<&UIWidget::renderAs<UIText>>("render", clipParams, "Renders the text, cut off at the edges of the widget.")
         .property<&UIText::getTextByName, &UIText::setTextByName>("text", "the text; the same as getText and setText")
         .property<&UIText::color>(
             "color", "color of the text, (r, g, b) or (r, g, b, a); None takes that of the theme when attached")

@@ -27,7 +27,7 @@ struct UIText : UIWidget {
     Ref<> getTextByName() const;
     void setTextByName(PyObject* newText);
     std::tuple<int, int> getRenderedTextSize() const;
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    void doRender(const Clip& clip) override;
 
 private:
     // What the text measures and looks like; kept while text, font and color stay the same.
