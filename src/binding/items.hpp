@@ -13,6 +13,14 @@ inline bool compare(PyObject* a, int operation, PyObject* b) {
 // a == b; unlike in a search, an object need not equal itself
 inline bool equal(PyObject* a, PyObject* b) { return compare(a, Py_EQ, b); }
 
+// d[key] of a dict that is no script's subclass, borrowed; null if there is none. 
+inline PyObject* plainItem(PyObject* d, Name& key) {
+    if (!d || !PyDict_CheckExact(d)) return nullptr;
+    PyObject* value = PyDict_GetItemWithError(d, key.get());
+    if (!value && PyErr_Occurred()) throw PythonError{};
+    return value;
+}
+
 // d[key], with Python's KeyError
 inline Ref<> item(PyObject* d, PyObject* key) { return Ref<>::steal(PyObject_GetItem(orNone(d), orNone(key))); }
 inline Ref<> item(PyObject* d, const char* key) { return item(d, toPython(key).raw()); }

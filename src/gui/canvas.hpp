@@ -22,13 +22,15 @@ public:
     void uncut() const { SDL_SetClipRect(target->surface(), nullptr); }
 
     // Where something can be drawn now.
-    SDL_Rect open() const { return target->surface()->clip_rect; }
+    SDL_Rect open() const { return target->source()->clip_rect; }
+    void open(const SDL_Rect& rect) const { SDL_SetClipRect(target->surface(), &rect); }
+    MutableImage pixels() const { return target->mutableImage(); }
 
     void blit(const Ref<Texture>& source, const SDL_Rect& from, int x, int y) const {
-        zv::blit(source->surface(), from, target->surface(), x, y);
+        zv::blit(source->source(), from, target->surface(), x, y);
     }
     void blitScaled(const Ref<Texture>& source, const SDL_Rect& from, const SDL_Rect& place) const {
-        zv::blitScaled(source->surface(), from, target->surface(), place);
+        zv::blitScaled(source->source(), from, target->surface(), place);
     }
 
 private:

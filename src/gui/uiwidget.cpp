@@ -83,13 +83,24 @@ std::optional<Canvas> UIWidget::beginRender(const Clip& clip) {
     return Canvas(renderer->target, seen);
 }
 
+PyObject* UIWidget::plainPieces() const {
+    const UITheme* theme = renderer->theme.get();
+    return theme && isNative(*theme) ? theme->widgets.raw() : nullptr;
+}
+
 Ref<> UIWidget::pieces() const {
-    Ref<UITheme> theme = renderer->theme;
-    if (theme && isNative(*theme)) return Ref<>::borrow(theme->widgets.raw());
-    return getAttribute(theme.raw(), "widgets"_name);
+    if (PyObject* native = plainPieces()) return Ref<>::borrow(native);
+    return getAttribute(renderer->theme.raw(), "widgets"_name);
 }
 
 Ref<Texture> UIWidget::tileset() const { return renderer->theme->tileset; }
+
+bool UIWidget::addTileset(Look& look) const {
+    Ref<Texture> pictures = tileset();
+    int64_t version = pictures ? pictures->version() : 0;
+    look.add(version);
+    return version != 0;
+}
 
 void UIWidget::fireEvent(const Ref<>& event) const {
     if (renderer && renderer->engine) callByName(renderer->engine.raw(), "fireEvent"_name, event);

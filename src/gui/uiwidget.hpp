@@ -2,7 +2,7 @@
 #pragma once
 #include "binding/items.hpp"
 #include "events.hpp"
-#include "gui/canvas.hpp"
+#include "gui/imprint.hpp"
 
 namespace zv {
 
@@ -95,13 +95,22 @@ protected:
     std::optional<Canvas> beginRender(const Clip& clip);
     // A piece of the theme, by the keys on the way to it.
     template <class... Keys> Ref<> piece(Keys&... keys) const { return item(pieces().raw(), keys...); }
+    // The same of a theme that is nothing but plain dicts, so that reading it runs no script; borrowed, null otherwise.
+    template <class... Keys> PyObject* plainPiece(Keys&... keys) const {
+        PyObject* table = plainPieces();
+        ((table = plainItem(table, keys)), ...);
+        return table;
+    }
     // The picture that holds the pieces.
     Ref<Texture> tileset() const;
+    // Adds that picture to a look, if it is known when it changes.
+    bool addTileset(Look& look) const;
     // Lets the engine fire an event; without one nothing happens.
     void fireEvent(const Ref<>& event) const;
 
 private:
     Ref<> pieces() const;
+    PyObject* plainPieces() const;
 };
 
 // Spreads 1 to 4 values over the edges of a box, in the order of the CSS shorthand.

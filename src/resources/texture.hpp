@@ -17,15 +17,24 @@ struct Texture : Resource {
     void saveFile(Ref<Str> filename);
 
     // The pixels; they stay where they are as long as the texture lives.
-    Image image() const { return mutableImage(); }
-    MutableImage mutableImage() const;
+    Image image() const { return pixelsOf(source()); }
+    MutableImage mutableImage() const { return pixelsOf(surface()); }
+    // What SDL draws from, and what it draws on or gives another mode of drawing.
+    SDL_Surface* source() const;
     SDL_Surface* surface() const;
+    // The number of what it looks like when it is drawn: another one after whatever may have changed that. 0 while
+    // there is no image, and once a script may write to the pixels at any time.
+    int64_t version() const { return pixels && !isExported ? lastChange : 0; }
+    void markExported() { isExported = true; }
     // Takes over a 32-bit surface; its rows become exactly 4 * w bytes. Once in a texture's life.
     void adopt(SurfaceHandle newSurface);
 
 private:
     SurfaceHandle pixels;
+    mutable int64_t lastChange = 0;
+    bool isExported = false;
 
+    static MutableImage pixelsOf(SDL_Surface* s) { return {static_cast<uint32_t*>(s->pixels), s->w, s->h}; }
     void loadFile(PyObject* filename);
 };
 

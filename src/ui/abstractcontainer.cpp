@@ -1,5 +1,7 @@
 #include "ui/abstractcontainer.hpp"
 
+#include "ui/pieces.hpp"
+
 namespace zv {
 
 Ref<UIWidget> AbstractUIContainer::childAt(Py_ssize_t i) const {
@@ -37,6 +39,15 @@ void AbstractUIContainer::renderChildren(const Clip& clip) {
     if (!isVisible) return;
     requireRenderer();
     eachChild([&](UIWidget& child) { child.render(clip); });
+}
+
+void AbstractUIContainer::renderBackground(const Canvas& canvas, Imprint& imprint) const {
+    std::optional<Look> look(std::in_place);
+    if (!addNinePatch(*look, plainPiece("panel"_name)) || !addTileset(*look)) look.reset();
+    imprint.draw(canvas, rect(), look, [&] {
+        NinePatch background = ninePatchIn(piece("panel"_name));
+        blitNinePatch(canvas, tileset(), background, rect());
+    });
 }
 
 bool AbstractUIContainer::offerEvent(Name& method, Event* event) {

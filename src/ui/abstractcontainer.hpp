@@ -36,6 +36,8 @@ protected:
     // Appends a child, then tells it. One that refuses is in the list by then, and stays.
     void appendChild(const Ref<UIWidget>& child);
     void renderChildren(const Clip& clip);
+    // Fills the container with the theme's panel.
+    void renderBackground(const Canvas& canvas, Imprint& imprint) const;
 
     Py_ssize_t childCount() const { return children ? PyList_GET_SIZE(children.raw()) : 0; }
     // A script has the list itself, so anything may be in there: raises TypeError for what is no widget.

@@ -40,10 +40,26 @@ void UIButton::doRender(const Clip& clip) {
     std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     canvas->cut();
-    Ref<> face = piece("button"_name, hovered() ? "hover"_name : "normal"_name);
-    blitThreeSlice(*canvas, tileset(), face, Axis::horizontal, *this);
-    renderChildren(clip);
+    imprint.draw(*canvas, rect(), look(), [&] {
+        Ref<> face = piece("button"_name, hovered() ? "hover"_name : "normal"_name);
+        blitThreeSlice(*canvas, tileset(), face, Axis::horizontal, *this);
+        renderChildren(clip);
+    });
     canvas->uncut();
+}
+
+std::optional<Look> UIButton::look() const {
+    bool hasOnlyLabel = label && childCount() == 1 && PyList_GET_ITEM(children.raw(), 0) == label.raw();
+    if (!isNative(*this) || !hasOnlyLabel || label->renderer.raw() != renderer.raw()) return {};
+    Look look;
+    PyObject* face = plainPiece("button"_name, isHovered ? "hover"_name : "normal"_name);
+    if (!addThreeSlice(look, face, Axis::horizontal) || !addTileset(look)) return {};
+    if (!label->isVisible || label->width <= 0 || label->height <= 0) return look;
+    int64_t page = label->shownPage();
+    if (page == 0 || !covers(rect(), label->rect())) return {};
+    for (int64_t number : {page, int64_t{label->x} - x, int64_t{label->y} - y, int64_t{label->width}, int64_t{label->height}})
+        look.add(number);
+    return look;
 }
 
 bool UIButton::handleClick(MouseClickEvent* event) {

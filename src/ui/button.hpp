@@ -7,6 +7,7 @@ namespace zv {
 
 struct UIButton : UIListContainer {
     Ref<UIText> label;  // also the first child
+    Imprint imprint;
 
     void eachRef(RefVisitor& visit) override {
         UIListContainer::eachRef(visit);
@@ -22,6 +23,9 @@ struct UIButton : UIListContainer {
     void setTextByName(PyObject* text);
     void doRender(const Clip& clip) override;
     bool handleClick(MouseClickEvent* event);
+
+private:
+    std::optional<Look> look() const;
 };
 
 struct ButtonClickEvent : MouseClickEvent {

@@ -10,8 +10,7 @@ void UIPanel::doRender(const Clip& clip) {
     std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     canvas->cut();
-    NinePatch background = ninePatchIn(piece("panel"_name));
-    blitNinePatch(*canvas, tileset(), background, rect());
+    renderBackground(*canvas, imprint);
     renderChildren({});  // they are handed no clip: that of the panel ends here
     canvas->uncut();
 }

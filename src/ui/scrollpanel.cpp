@@ -85,8 +85,7 @@ void UIScrollPanel::doRender(const Clip& clip) {
     SDL_Rect outer = getClippedRect(clip);
     SDL_Rect inner = inset(outer, edgesIn(piece("scrollPanel"_name, "clipPadding"_name)));
     if (isEmpty(inner)) return;
-    NinePatch background = ninePatchIn(piece("panel"_name));
-    blitNinePatch(Canvas(renderer->target, outer), tileset(), background, rect());
+    renderBackground(Canvas(renderer->target, outer), imprint);
     renderChildren(Clip::of(inner));
     Ref<UISlider>(slider)->doRender(Clip::of(outer));
 }

@@ -136,7 +136,6 @@ void UISlider::doRender(const Clip& clip) {
     canvas->cut();
     const Axis& along = axis();
     Ref<Texture> pictures = tileset();
-    blitThreeSlice(*canvas, pictures, piece("slider"_name, names().background), along, *this);
     auto button = [&](Name& name, bool isOver) {
         return rectIn(piece("slider"_name, name, isOver ? "hover"_name : "normal"_name));
     };
@@ -144,9 +143,12 @@ void UISlider::doRender(const Clip& clip) {
         SDL_Rect target = along.rect(place, this->*along.other().position, 0, 0);
         canvas->blit(pictures, part, target.x, target.y);
     };
-    blitAt(this->*along.position, button(names().firstButton, firstButtonHovered));
-    SDL_Rect second = button(names().secondButton, secondButtonHovered);
-    blitAt(along.end(*this) - second.*along.length, second);
+    imprint.draw(*canvas, rect(), look(), [&] {
+        blitThreeSlice(*canvas, pictures, piece("slider"_name, names().background), along, *this);
+        blitAt(this->*along.position, button(names().firstButton, firstButtonHovered));
+        SDL_Rect second = button(names().secondButton, secondButtonHovered);
+        blitAt(along.end(*this) - second.*along.length, second);
+    });
     canvas->uncut();
 
     SDL_Rect knob = button(names().knob, false);
@@ -154,6 +156,20 @@ void UISlider::doRender(const Clip& clip) {
     int64_t moved = truncateFar(getPercent() * static_cast<float>(t.length));
     blitAt(this->*along.position + t.first + moved, knob);
     canvas->uncut();
+}
+
+std::optional<Look> UISlider::look() const {
+    Look look;
+    auto addButton = [&](Name& name, bool isOver) {
+        PyObject* button = plainPiece("slider"_name, name, isOver ? "hover"_name : "normal"_name);
+        return addNumbers(look, button, "x"_name, "y"_name, "width"_name, "height"_name);
+    };
+    bool isPlain = addThreeSlice(look, plainPiece("slider"_name, names().background), axis()) &&
+        addButton(names().firstButton, firstButtonHovered) && addButton(names().secondButton, secondButtonHovered) &&
+        addTileset(look);
+    if (!isPlain) return {};
+    look.add(orientation);
+    return look;
 }
 
 void declareUISlider(Module& module) {

@@ -13,6 +13,7 @@ struct UISlider : UIWidget {
     int value = 0, minValue = 0, maxValue = 100;
     bool firstButtonHovered = false, secondButtonHovered = false;
     bool isDragged = false;
+    Imprint imprint;  // of all but the knob
 
     void calculateMinSize() override;
     // Where the value is between its bounds: 0 to 1.
@@ -44,6 +45,7 @@ private:
     const Axis& axis() const;
     const Names& names() const;
     Track track();
+    std::optional<Look> look() const;
     // A piece of the theme's slider, as it is when the mouse is not over it.
     Ref<> normalPiece(Name& name) const { return piece("slider"_name, name, "normal"_name); }
     int valueByName() const;

@@ -72,6 +72,20 @@ std::tuple<int, int> UIText::getRenderedTextSize() const {
     return measure(font(), lines, true);
 }
 
+// Whether a color is what it is for good.
+static bool isPlainColor(PyObject* color) {
+    if (!PyTuple_CheckExact(color)) return false;
+    for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(color); i++)
+        if (!PyLong_CheckExact(PyTuple_GET_ITEM(color, i))) return false;
+    return true;
+}
+
+int64_t UIText::shownPage() const {
+    Ref<UITheme> theme = renderer->theme;
+    if (!theme || !isNative(*theme) || !picture.tuple || picture.tuple.raw() != color.raw()) return 0;
+    return picture.face != 0 && faceOf(font()) == picture.face ? picture.texture->version() : 0;
+}
+
 Ref<Texture> UIText::rendered() {
     Ref<> used = font();
     Ref<> shownColor = color;
@@ -81,6 +95,7 @@ Ref<Texture> UIText::rendered() {
         size.face = picture.face = 0;  // a script's font gets hold of the lines, and may change them
         return Convert<Ref<Texture>>::from(callByName(used.raw(), "renderLines"_name, shownLines, shownColor).raw());
     }
+    if (face == picture.face && picture.tuple && picture.tuple.raw() == shownColor.raw()) return picture.texture;
     SDL_Color channels = textColor(shownColor.orNone());
     SDL_Color& known = picture.color;
     if (face != picture.face || channels.r != known.r || channels.g != known.g || channels.b != known.b ||
@@ -89,6 +104,7 @@ Ref<Texture> UIText::rendered() {
         picture.face = face;
         known = channels;
     }
+    picture.tuple = isPlainColor(shownColor.orNone()) ? Ref<Tuple>::borrow(shownColor.raw()) : Ref<Tuple>();
     return picture.texture;
 }
 

@@ -16,6 +16,7 @@ struct UIText : UIWidget {
         visit(lines);
         visit(color);
         visit(picture.texture);
+        visit(picture.tuple);
     }
 
     void setRenderer(const Ref<UIRenderer>& newRenderer) override;
@@ -28,6 +29,9 @@ struct UIText : UIWidget {
     void setTextByName(PyObject* newText);
     std::tuple<int, int> getRenderedTextSize() const;
     void doRender(const Clip& clip) override;
+    // The version of the picture that render() would draw now; 0 when it has to be made first, or a script has a say in
+    // it.
+    int64_t shownPage() const;
 
 private:
     // What the text measures and looks like; kept while text, font and color stay the same.
@@ -38,6 +42,7 @@ private:
     struct {
         int64_t face = 0;
         SDL_Color color{};
+        Ref<Tuple> tuple;  // that told the color, if it always will
         Ref<Texture> texture;
     } picture;
 

@@ -38,4 +38,12 @@ void blitThreeSlice(
     blitAt(place + room, last);
 }
 
+bool addThreeSlice(Look& look, PyObject* table, const Axis& along) {
+    const Axis& across = along.other();
+    PyObject* middle = plainItem(table, "middle"_name);
+    return middle && PyObject_IsTrue(middle) &&
+        addNumbers(look, table, along.startName, across.startName, along.firstName, across.lengthName, "middle"_name,
+            along.lastName);
+}
+
 }  // namespace zv

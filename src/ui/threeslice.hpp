@@ -1,5 +1,6 @@
 // A picture of three pieces in a row that fills a bar of any length.
 #pragma once
+#include "gui/imprint.hpp"
 #include "ui/axis.hpp"
 
 namespace zv {
@@ -9,5 +10,8 @@ namespace zv {
 // first cap.
 void blitThreeSlice(
     const Canvas&, const Ref<Texture>& tileset, const Ref<>& table, const Axis& along, const UIWidget& bar);
+
+// Adds what that depends on to a look; false if a script has a say in it, or it would fail.
+bool addThreeSlice(Look& look, PyObject* table, const Axis& along);
 
 }  // namespace zv
