@@ -12,18 +12,26 @@ namespace zv {
 class Canvas {
 public:
     Canvas(Ref<Texture> texture, const SDL_Rect& seen) : target(std::move(texture)), part(seen) {}
+    // The part that is not cut now.
+    explicit Canvas(const Ref<Texture>& texture) : Canvas(texture, texture->source()->clip_rect) {}
 
     void cut() const {
         SDL_Surface* surface = target->surface();
         bool fits = isNear(part) && isNear(part.w) && isNear(part.h);
-        SDL_Rect clip = fits ? part : intersection(part, {0, 0, surface->w, surface->h});
+        SDL_Rect clip = fits ? part : open();
         SDL_SetClipRect(surface, &clip);
     }
-    void uncut() const { SDL_SetClipRect(target->surface(), nullptr); }
+    void uncut() const {
+        SDL_Surface* surface = target->surface();
+        bool isCut = surface->clip_rect.w != surface->w || surface->clip_rect.h != surface->h;
+        if (isCut) SDL_SetClipRect(surface, nullptr);
+    }
 
-    // Where something can be drawn now.
-    SDL_Rect open() const { return target->source()->clip_rect; }
-    void open(const SDL_Rect& rect) const { SDL_SetClipRect(target->surface(), &rect); }
+    // Where something can be drawn after cut().
+    SDL_Rect open() const {
+        const SDL_Surface* surface = target->source();
+        return intersection(part, {0, 0, surface->w, surface->h});
+    }
     MutableImage pixels() const { return target->mutableImage(); }
 
     void blit(const Ref<Texture>& source, const SDL_Rect& from, int x, int y) const {

@@ -1,18 +1,25 @@
 // Pictures of widgets that are drawn once and then repeated word by word.
 #pragma once
+#include "binding/items.hpp"
 #include "gui/canvas.hpp"
 
 #include <array>
-#include <cstring>
 #include <functional>
 #include <vector>
 
 namespace zv {
 
-// Everything that a picture depends on but for what is below it: with equal looks, a widget draws the same.
+// Everything that a picture depends on but for what is below it: with equal looks, a widget draws the same. A look is
+// plain while no script has a say in it, nor could tell how often it was asked for.
 class Look {
 public:
     void add(int64_t number) { numbers.at(count++) = number; }
+    void add(const Ref<Texture>& picture);
+    // A number of the theme, or several, which the widget will read.
+    int64_t addNumber(PyObject* table, Name& key);
+    template <class... Keys> void addNumbers(PyObject* table, Keys&... keys) { (addNumber(table, keys), ...); }
+
+    bool isPlain = true;
     bool operator==(const Look&) const = default;
 
 private:
@@ -20,34 +27,31 @@ private:
     size_t count = 0;
 };
 
-// What a picture did to the words that it was drawn on. Some of its pixels hide what was there, some leave it as it is.
-// The rest mix with it, and what came of that is right only as long as the same words are there.
+// What a picture does to the words that it is drawn on. Some of its pixels hide what is there, some leave it as it is.
+// The others mix with it, and what comes of that stays right as long as the same words are there.
 class Imprint {
 public:
-    // Draws a picture that keeps within the rectangle and the clip of the canvas: by `plainly`, which must not fail, or
-    // without it what `plainly` would draw. Without a look it cannot be told whether that has been drawn before.
-    template <class Draw>
-    void draw(const Canvas& canvas, const SDL_Rect& rect, const std::optional<Look>& look, const Draw& plainly) {
-        SDL_Rect open = canvas.open();
-        bool isWhole = covers(open, rect) && int64_t{rect.w} * rect.h <= mostPixels;
-        if (!look || (!isWhole && !isEmpty(intersection(open, rect)))) return plainly();
-        if (!isWhole) return;
-        if (known != look || rect.w != width || rect.h != height) {
-            // What changes all the time is not worth more: it is learned when it comes again.
-            *this = {};
-            known = look;
-            width = rect.w;
-            height = rect.h;
-            return plainly();
-        }
-        if (!isLearned) learn(canvas, rect, std::ref(plainly));
+    // Draws a picture that keeps within the rectangle and within the canvas: by `plainly`, or without it where that
+    // would draw what it drew before. With a plain look, `plainly` must not fail.
+    template <class Draw> void draw(const Canvas& canvas, const SDL_Rect& rect, const Look& look, const Draw& plainly) {
+        SDL_Rect seen = intersection(canvas.open(), rect);
+        bool isSeen = !isEmpty(seen), isCut = seen.w != rect.w || seen.h != rect.h;
+        if (!look.isPlain || (isSeen && isCut) || int64_t{seen.w} * seen.h > mostPixels) plainly();
+        else if (!isSeen) forget();
+        else if (known != look || size.x != rect.w || size.y != rect.h) {
+            plainly();
+            meet(look, {rect.w, rect.h});
+        } else if (!isLearned) learn(canvas, rect, std::ref(plainly));
         else if (!repeat(canvas, rect)) renew(canvas, rect, std::ref(plainly));
+    }
+    void forget() {
+        if (known) *this = {};
     }
 
 private:
     static constexpr int64_t mostPixels = 1 << 20;
 
-    // Words in a row, and where the first of them is.
+    // Words in a row, and where in the rectangle they are.
     struct Run {
         int x, y, length;
     };
@@ -57,14 +61,19 @@ private:
     };
 
     std::optional<Look> known;
-    int width = 0, height = 0;
+    SDL_Point size{};
     bool isLearned = false;
     Part hiding, mixing;
-    std::vector<uint32_t> below;  // what the mixing runs were drawn on
+    std::vector<uint32_t> below;  // what the mixing part was drawn on
 
+    // A picture that changes all the time is not worth more: it is learned when it comes again.
+    void meet(const Look& look, SDL_Point newSize);
     void learn(const Canvas& canvas, const SDL_Rect& rect, const std::function<void()>& plainly);
     bool repeat(const Canvas& canvas, const SDL_Rect& rect) const;
     void renew(const Canvas& canvas, const SDL_Rect& rect, const std::function<void()>& plainly);
+
+    static std::vector<uint32_t> read(const MutableImage& image, const SDL_Rect& rect, const std::vector<Run>& runs);
+    static void write(const MutableImage& image, const SDL_Rect& rect, const Part& part);
 };
 
 }  // namespace zv

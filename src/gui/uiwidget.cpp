@@ -95,11 +95,11 @@ Ref<> UIWidget::pieces() const {
 
 Ref<Texture> UIWidget::tileset() const { return renderer->theme->tileset; }
 
-bool UIWidget::addTileset(Look& look) const {
-    Ref<Texture> pictures = tileset();
-    int64_t version = pictures ? pictures->version() : 0;
-    look.add(version);
-    return version != 0;
+Look UIWidget::tilesetLook() const {
+    const UITheme* theme = renderer->theme.get();
+    Look look;
+    look.add(theme ? theme->tileset : Ref<Texture>());
+    return look;
 }
 
 void UIWidget::fireEvent(const Ref<>& event) const {

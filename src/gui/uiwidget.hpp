@@ -17,6 +17,11 @@ enum VerticalAlign : int { VALIGN_TOP, VALIGN_BOTTOM, VALIGN_MIDDLE };
 struct Clip {
     Ref<> x = toPython(-1), y = toPython(-1), width = toPython(-1), height = toPython(-1);
 
+    // Whether reading it runs no script.
+    bool isPlain() const {
+        return PyLong_CheckExact(x.orNone()) && PyLong_CheckExact(y.orNone()) && PyLong_CheckExact(width.orNone()) &&
+            PyLong_CheckExact(height.orNone());
+    }
     static Clip of(const SDL_Rect& r) { return {toPython(r.x), toPython(r.y), toPython(r.w), toPython(r.h)}; }
 };
 
@@ -103,8 +108,8 @@ protected:
     }
     // The picture that holds the pieces.
     Ref<Texture> tileset() const;
-    // Adds that picture to a look, if it is known when it changes.
-    bool addTileset(Look& look) const;
+    // Of what is drawn with that picture: the look to begin with.
+    Look tilesetLook() const;
     // Lets the engine fire an event; without one nothing happens.
     void fireEvent(const Ref<>& event) const;
 

@@ -42,8 +42,17 @@ void AbstractUIContainer::renderChildren(const Clip& clip) {
 }
 
 void AbstractUIContainer::renderBackground(const Canvas& canvas, Imprint& imprint) const {
-    std::optional<Look> look(std::in_place);
-    if (!addNinePatch(*look, plainPiece("panel"_name)) || !addTileset(*look)) look.reset();
+    Look look = tilesetLook();
+    PyObject* table = plainPiece("panel"_name);
+    look.addNumbers(table, "x"_name, "y"_name, "middleWidth"_name, "middleHeight"_name);
+    auto addEdge = [&](Name& name, int room) {
+        int64_t length = look.addNumber(table, name);
+        look.isPlain = look.isPlain && length >= 0 && length <= room;  // else it reaches out where nothing cuts it
+    };
+    addEdge("leftWidth"_name, width);
+    addEdge("rightWidth"_name, width);
+    addEdge("topHeight"_name, height);
+    addEdge("bottomHeight"_name, height);
     imprint.draw(canvas, rect(), look, [&] {
         NinePatch background = ninePatchIn(piece("panel"_name));
         blitNinePatch(canvas, tileset(), background, rect());

@@ -38,9 +38,9 @@ void UIButton::calculateMinSize() {
 
 void UIButton::doRender(const Clip& clip) {
     std::optional<Canvas> canvas = beginRender(clip);
-    if (!canvas) return;
-    canvas->cut();
-    imprint.draw(*canvas, rect(), look(), [&] {
+    if (!canvas) return imprint.forget();
+    imprint.draw(*canvas, rect(), look(clip), [&] {
+        canvas->cut();
         Ref<> face = piece("button"_name, hovered() ? "hover"_name : "normal"_name);
         blitThreeSlice(*canvas, tileset(), face, Axis::horizontal, *this);
         renderChildren(clip);
@@ -48,17 +48,19 @@ void UIButton::doRender(const Clip& clip) {
     canvas->uncut();
 }
 
-std::optional<Look> UIButton::look() const {
+Look UIButton::look(const Clip& clip) const {
+    Look look = tilesetLook();
     bool hasOnlyLabel = label && childCount() == 1 && PyList_GET_ITEM(children.raw(), 0) == label.raw();
-    if (!isNative(*this) || !hasOnlyLabel || label->renderer.raw() != renderer.raw()) return {};
-    Look look;
+    look.isPlain = look.isPlain && clip.isPlain() && isNative(*this) && hasOnlyLabel &&
+        label->renderer.raw() == renderer.raw();
+    if (!look.isPlain) return look;
     PyObject* face = plainPiece("button"_name, isHovered ? "hover"_name : "normal"_name);
-    if (!addThreeSlice(look, face, Axis::horizontal) || !addTileset(look)) return {};
-    if (!label->isVisible || label->width <= 0 || label->height <= 0) return look;
-    int64_t page = label->shownPage();
-    if (page == 0 || !covers(rect(), label->rect())) return {};
-    for (int64_t number : {page, int64_t{label->x} - x, int64_t{label->y} - y, int64_t{label->width}, int64_t{label->height}})
-        look.add(number);
+    addThreeSlice(look, face, Axis::horizontal);
+    SDL_Rect text = label->rect();
+    if (!label->isVisible || isEmpty(text)) return look;
+    look.add(label->shownPage());
+    look.isPlain = look.isPlain && covers(rect(), text);
+    for (int64_t number : {int64_t{text.x} - x, int64_t{text.y} - y, int64_t{text.w}, int64_t{text.h}}) look.add(number);
     return look;
 }
 

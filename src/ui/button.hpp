@@ -25,7 +25,7 @@ struct UIButton : UIListContainer {
     bool handleClick(MouseClickEvent* event);
 
 private:
-    std::optional<Look> look() const;
+    Look look(const Clip& clip) const;
 };
 
 struct ButtonClickEvent : MouseClickEvent {

@@ -19,9 +19,4 @@ NinePatch ninePatchIn(const Ref<>& table) {
             numberIn(table, "bottomHeight"_name)}};
 }
 
-bool addNinePatch(Look& look, PyObject* table) {
-    return addNumbers(look, table, "x"_name, "y"_name, "leftWidth"_name, "middleWidth"_name, "rightWidth"_name,
-        "topHeight"_name, "middleHeight"_name, "bottomHeight"_name);
-}
-
 }  // namespace zv

@@ -132,7 +132,7 @@ void UISlider::onDragEnd(int, int) { isDragged = false; }
 
 void UISlider::doRender(const Clip& clip) {
     std::optional<Canvas> canvas = beginRender(clip);
-    if (!canvas) return;
+    if (!canvas) return imprint.forget();
     canvas->cut();
     const Axis& along = axis();
     Ref<Texture> pictures = tileset();
@@ -158,17 +158,16 @@ void UISlider::doRender(const Clip& clip) {
     canvas->uncut();
 }
 
-std::optional<Look> UISlider::look() const {
-    Look look;
+Look UISlider::look() const {
+    Look look = tilesetLook();
     auto addButton = [&](Name& name, bool isOver) {
         PyObject* button = plainPiece("slider"_name, name, isOver ? "hover"_name : "normal"_name);
-        return addNumbers(look, button, "x"_name, "y"_name, "width"_name, "height"_name);
+        look.addNumbers(button, "x"_name, "y"_name, "width"_name, "height"_name);
     };
-    bool isPlain = addThreeSlice(look, plainPiece("slider"_name, names().background), axis()) &&
-        addButton(names().firstButton, firstButtonHovered) && addButton(names().secondButton, secondButtonHovered) &&
-        addTileset(look);
-    if (!isPlain) return {};
     look.add(orientation);
+    addThreeSlice(look, plainPiece("slider"_name, names().background), axis());
+    addButton(names().firstButton, firstButtonHovered);
+    addButton(names().secondButton, secondButtonHovered);
     return look;
 }
 

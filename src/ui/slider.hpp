@@ -45,7 +45,7 @@ private:
     const Axis& axis() const;
     const Names& names() const;
     Track track();
-    std::optional<Look> look() const;
+    Look look() const;
     // A piece of the theme's slider, as it is when the mouse is not over it.
     Ref<> normalPiece(Name& name) const { return piece("slider"_name, name, "normal"_name); }
     int valueByName() const;

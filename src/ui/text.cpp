@@ -5,6 +5,8 @@
 
 namespace zv {
 
+static Name& fontName = "aileron"_name;
+
 void UIText::init(PyObject* newText, Ref<> newColor) {
     setTextByName(newText);
     color = std::move(newColor);
@@ -23,15 +25,13 @@ void UIText::setTextByName(PyObject* newText) { callByName(self(), "setText"_nam
 // Fetched anew at each use; any object that a script's theme hands out as a font.
 Ref<> UIText::font() const {
     Ref<UITheme> theme = renderer->theme;
-    Ref<Str> name = Ref<Str>::borrow("aileron"_name.get());
+    Ref<Str> name = Ref<Str>::borrow(fontName.get());
     if (theme && isNative(*theme)) return toPython(theme->getFont(name));
     return callByName(theme.raw(), "getFont"_name, name);
 }
 
 // The number of an open font that measures and renders without any script's doing, else 0.
-static int64_t faceOf(const Ref<>& font) {
-    return Py_TYPE(font.raw()) == &typeOf<Font> ? native<Font>(font.raw())->face : 0;
-}
+static int64_t faceOf(PyObject* font) { return Py_TYPE(font) == &typeOf<Font> ? native<Font>(font)->face : 0; }
 
 void UIText::setRenderer(const Ref<UIRenderer>& newRenderer) {
     UIWidget::setRenderer(newRenderer);
@@ -58,7 +58,7 @@ static std::tuple<int, int> measure(const Ref<>& font, const Ref<List>& lines, b
 void UIText::calculateMinSize() {
     if (!renderer) return;
     Ref<> used = font();
-    int64_t face = faceOf(used);
+    int64_t face = faceOf(used.raw());
     if (face == 0 || face != size.face) {
         std::tie(size.width, size.height) = measure(used, lines, false);
         size.face = face;
@@ -80,17 +80,19 @@ static bool isPlainColor(PyObject* color) {
     return true;
 }
 
-int64_t UIText::shownPage() const {
-    Ref<UITheme> theme = renderer->theme;
-    if (!theme || !isNative(*theme) || !picture.tuple || picture.tuple.raw() != color.raw()) return 0;
-    return picture.face != 0 && faceOf(font()) == picture.face ? picture.texture->version() : 0;
+Ref<Texture> UIText::shownPage() const {
+    const UITheme* theme = renderer->theme.get();
+    PyObject* font = theme && isNative(*theme) ? plainItem(theme->fonts.raw(), fontName) : nullptr;
+    int64_t face = font ? faceOf(font) : 0;
+    bool isShown = face != 0 && face == picture.face && picture.tuple && picture.tuple.raw() == color.raw();
+    return isShown ? picture.texture : Ref<Texture>();
 }
 
 Ref<Texture> UIText::rendered() {
     Ref<> used = font();
     Ref<> shownColor = color;
     Ref<List> shownLines = lines;
-    int64_t face = faceOf(used);
+    int64_t face = faceOf(used.raw());
     if (face == 0) {
         size.face = picture.face = 0;  // a script's font gets hold of the lines, and may change them
         return Convert<Ref<Texture>>::from(callByName(used.raw(), "renderLines"_name, shownLines, shownColor).raw());

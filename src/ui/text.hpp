@@ -29,9 +29,8 @@ struct UIText : UIWidget {
     void setTextByName(PyObject* newText);
     std::tuple<int, int> getRenderedTextSize() const;
     void doRender(const Clip& clip) override;
-    // The version of the picture that render() would draw now; 0 when it has to be made first, or a script has a say in
-    // it.
-    int64_t shownPage() const;
+    // What render() would show now; nothing if that has to be made first, or a script has a say in it.
+    Ref<Texture> shownPage() const;
 
 private:
     // What the text measures and looks like; kept while text, font and color stay the same.

@@ -38,12 +38,10 @@ void blitThreeSlice(
     blitAt(place + room, last);
 }
 
-bool addThreeSlice(Look& look, PyObject* table, const Axis& along) {
+void addThreeSlice(Look& look, PyObject* table, const Axis& along) {
     const Axis& across = along.other();
-    PyObject* middle = plainItem(table, "middle"_name);
-    return middle && PyObject_IsTrue(middle) &&
-        addNumbers(look, table, along.startName, across.startName, along.firstName, across.lengthName, "middle"_name,
-            along.lastName);
+    look.addNumbers(table, along.startName, across.startName, along.firstName, across.lengthName, along.lastName);
+    if (look.addNumber(table, "middle"_name) == 0) look.isPlain = false;  // which raises
 }
 
 }  // namespace zv

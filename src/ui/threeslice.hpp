@@ -11,7 +11,7 @@ namespace zv {
 void blitThreeSlice(
     const Canvas&, const Ref<Texture>& tileset, const Ref<>& table, const Axis& along, const UIWidget& bar);
 
-// Adds what that depends on to a look; false if a script has a say in it, or it would fail.
-bool addThreeSlice(Look& look, PyObject* table, const Axis& along);
+// Adds to a look what that depends on.
+void addThreeSlice(Look& look, PyObject* table, const Axis& along);
 
 }  // namespace zv
