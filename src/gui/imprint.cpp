@@ -10,57 +10,51 @@ void Look::add(const Ref<Texture>& picture) {
     add(version);
 }
 
-int64_t Look::addNumber(PyObject* table, Name& key) {
-    PyObject* number = plainItem(table, key);
+int64_t Look::addNumber(const Ref<>& table, Name& key) {
+    Ref<> number = plainItem(table, key);
+    isPlain = isPlain && number && PyLong_CheckExact(number.raw());
     int overflow = 0;
-    long value = number && PyLong_CheckExact(number) ? PyLong_AsLongAndOverflow(number, &overflow) : LONG_MAX;
+    int64_t value = isPlain ? PyLong_AsLongLongAndOverflow(number.raw(), &overflow) : 0;
     isPlain = isPlain && overflow == 0 && value >= INT_MIN && value <= INT_MAX;
     add(value);
     return value;
 }
 
-std::vector<uint32_t> Imprint::read(const MutableImage& image, const SDL_Rect& rect, const std::vector<Run>& runs) {
+std::vector<uint32_t> Imprint::read(const MutableImage& target, const SDL_Rect& rect, const std::vector<Run>& runs) {
     std::vector<uint32_t> words;
     for (const Run& run : runs) {
-        const uint32_t* first = image.row(rect.y + run.y) + rect.x + run.x;
+        const uint32_t* first = target.row(rect.y + run.y) + rect.x + run.x;
         words.insert(words.end(), first, first + run.length);
     }
     return words;
 }
 
-void Imprint::write(const MutableImage& image, const SDL_Rect& rect, const Part& part) {
+void Imprint::write(const MutableImage& target, const SDL_Rect& rect, const Part& part) {
     const uint32_t* word = part.words.data();
     for (const Run& run : part.runs) {
-        std::copy_n(word, run.length, image.row(rect.y + run.y) + rect.x + run.x);
+        std::copy_n(word, run.length, target.row(rect.y + run.y) + rect.x + run.x);
         word += run.length;
     }
 }
 
-void Imprint::meet(const Look& look, SDL_Point newSize) {
-    *this = {};
-    known = look;
-    size = newSize;
-}
-
 // Draws where it belongs, then on black and on white: what comes out the same on both hides what is below, what stays
 // black and white leaves it.
-void Imprint::learn(const Canvas& canvas, const SDL_Rect& rect, const std::function<void()>& plainly) {
+void Imprint::Picture::learn(const MutableImage& target, const SDL_Rect& rect, const std::function<void()>& plainly) {
     constexpr uint32_t black = 0, white = 0xFFFFFFFF;
-    MutableImage image = canvas.pixels();
     Part all;
     for (int y = 0; y < rect.h; y++) all.runs.push_back({0, y, rect.w});
-    std::vector<uint32_t> before = read(image, rect, all.runs);
     auto drawn = [&] {
         plainly();
-        return read(image, rect, all.runs);
+        return read(target, rect, all.runs);
     };
     auto drawnOn = [&](uint32_t word) {
-        for (int y = 0; y < rect.h; y++) std::fill_n(image.row(rect.y + y) + rect.x, rect.w, word);
+        for (int y = 0; y < rect.h; y++) std::fill_n(target.row(rect.y + y) + rect.x, rect.w, word);
         return drawn();
     };
+    std::vector<uint32_t> before = read(target, rect, all.runs);
     all.words = drawn();
     std::vector<uint32_t> onBlack = drawnOn(black), onWhite = drawnOn(white);
-    write(image, rect, all);
+    write(target, rect, all);
 
     size_t i = 0;
     for (int y = 0; y < rect.h; y++) {
@@ -79,25 +73,24 @@ void Imprint::learn(const Canvas& canvas, const SDL_Rect& rect, const std::funct
     isLearned = true;
 }
 
-bool Imprint::repeat(const Canvas& canvas, const SDL_Rect& rect) const {
-    MutableImage image = canvas.pixels();
+// False if other words than then are below.
+bool Imprint::Picture::repeat(const MutableImage& target, const SDL_Rect& rect) const {
     const uint32_t* word = below.data();
     for (const Run& run : mixing.runs) {
-        const uint32_t* there = image.row(rect.y + run.y) + rect.x + run.x;
+        const uint32_t* there = target.row(rect.y + run.y) + rect.x + run.x;
         if (std::memcmp(there, word, static_cast<size_t>(run.length) * sizeof *word) != 0) return false;
         word += run.length;
     }
-    write(image, rect, mixing);
-    write(image, rect, hiding);
+    write(target, rect, mixing);
+    write(target, rect, hiding);
     return true;
 }
 
 // Draws on what is below now, and keeps what comes of it.
-void Imprint::renew(const Canvas& canvas, const SDL_Rect& rect, const std::function<void()>& plainly) {
-    MutableImage image = canvas.pixels();
-    std::vector<uint32_t> ground = read(image, rect, mixing.runs);
+void Imprint::Picture::renew(const MutableImage& target, const SDL_Rect& rect, const std::function<void()>& plainly) {
+    std::vector<uint32_t> ground = read(target, rect, mixing.runs);
     plainly();
-    mixing.words = read(image, rect, mixing.runs);
+    mixing.words = read(target, rect, mixing.runs);
     below = std::move(ground);
 }
 

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace zv {
@@ -15,15 +16,15 @@ class Look {
 public:
     void add(int64_t number) { numbers.at(count++) = number; }
     void add(const Ref<Texture>& picture);
-    // A number of the theme, or several, which the widget will read.
-    int64_t addNumber(PyObject* table, Name& key);
-    template <class... Keys> void addNumbers(PyObject* table, Keys&... keys) { (addNumber(table, keys), ...); }
+    // What the widget will read from a table of the theme.
+    int64_t addNumber(const Ref<>& table, Name& key);
+    template <class... Keys> void addNumbers(const Ref<>& table, Keys&... keys) { (addNumber(table, keys), ...); }
 
     bool isPlain = true;
     bool operator==(const Look&) const = default;
 
 private:
-    std::array<int64_t, 20> numbers{};
+    std::array<int64_t, 16> numbers{};
     size_t count = 0;
 };
 
@@ -35,21 +36,20 @@ public:
     // would draw what it drew before. With a plain look, `plainly` must not fail.
     template <class Draw> void draw(const Canvas& canvas, const SDL_Rect& rect, const Look& look, const Draw& plainly) {
         SDL_Rect seen = intersection(canvas.open(), rect);
-        bool isSeen = !isEmpty(seen), isCut = seen.w != rect.w || seen.h != rect.h;
-        if (!look.isPlain || (isSeen && isCut) || int64_t{seen.w} * seen.h > mostPixels) plainly();
+        bool isSeen = !isEmpty(seen), isWhole = seen.w == rect.w && seen.h == rect.h;
+        if (!look.isPlain || (isSeen && !isWhole) || int64_t{seen.w} * seen.h > mostPixels) plainly();
         else if (!isSeen) forget();
-        else if (known != look || size.x != rect.w || size.y != rect.h) {
+        else if (!known || known->look != look || known->width != rect.w || known->height != rect.h) {
             plainly();
-            meet(look, {rect.w, rect.h});
-        } else if (!isLearned) learn(canvas, rect, std::ref(plainly));
-        else if (!repeat(canvas, rect)) renew(canvas, rect, std::ref(plainly));
+            // What changes all the time is not worth more: it is learned when it comes again.
+            known.reset(new Picture{look, rect.w, rect.h});
+        } else if (!known->isLearned) known->learn(canvas.pixels(), rect, std::ref(plainly));
+        else if (!known->repeat(canvas.pixels(), rect)) known->renew(canvas.pixels(), rect, std::ref(plainly));
     }
-    void forget() {
-        if (known) *this = {};
-    }
+    void forget() { known.reset(); }
 
 private:
-    static constexpr int64_t mostPixels = 1 << 20;
+    static constexpr int64_t mostPixels = 1 << 20;  // of a picture that is worth its memory
 
     // Words in a row, and where in the rectangle they are.
     struct Run {
@@ -57,23 +57,23 @@ private:
     };
     struct Part {
         std::vector<Run> runs;
-        std::vector<uint32_t> words;
+        std::vector<uint32_t> words;  // of one run after the other
     };
+    struct Picture {
+        Look look;
+        int width, height;
+        bool isLearned = false;
+        Part hiding, mixing;
+        std::vector<uint32_t> below;  // what the mixing part was drawn on
 
-    std::optional<Look> known;
-    SDL_Point size{};
-    bool isLearned = false;
-    Part hiding, mixing;
-    std::vector<uint32_t> below;  // what the mixing part was drawn on
+        void learn(const MutableImage& target, const SDL_Rect& rect, const std::function<void()>& plainly);
+        bool repeat(const MutableImage& target, const SDL_Rect& rect) const;
+        void renew(const MutableImage& target, const SDL_Rect& rect, const std::function<void()>& plainly);
+    };
+    std::unique_ptr<Picture> known;
 
-    // A picture that changes all the time is not worth more: it is learned when it comes again.
-    void meet(const Look& look, SDL_Point newSize);
-    void learn(const Canvas& canvas, const SDL_Rect& rect, const std::function<void()>& plainly);
-    bool repeat(const Canvas& canvas, const SDL_Rect& rect) const;
-    void renew(const Canvas& canvas, const SDL_Rect& rect, const std::function<void()>& plainly);
-
-    static std::vector<uint32_t> read(const MutableImage& image, const SDL_Rect& rect, const std::vector<Run>& runs);
-    static void write(const MutableImage& image, const SDL_Rect& rect, const Part& part);
+    static std::vector<uint32_t> read(const MutableImage& target, const SDL_Rect& rect, const std::vector<Run>& runs);
+    static void write(const MutableImage& target, const SDL_Rect& rect, const Part& part);
 };
 
 }  // namespace zv

@@ -78,19 +78,23 @@ void UIWidget::requireRenderer() {
 std::optional<Canvas> UIWidget::beginRender(const Clip& clip) {
     if (!isVisible) return {};
     SDL_Rect seen = getClippedRect(clip);
-    if (isEmpty(seen)) return {};
+    if (isEmpty(seen)) {
+        imprint.forget();
+        return {};
+    }
     requireRenderer();
     return Canvas(renderer->target, seen);
 }
 
-PyObject* UIWidget::plainPieces() const {
+Ref<> UIWidget::plainPieces() const {
     const UITheme* theme = renderer->theme.get();
-    return theme && isNative(*theme) ? theme->widgets.raw() : nullptr;
+    return Ref<>::borrow(theme && isNative(*theme) ? theme->widgets.raw() : nullptr);
 }
 
 Ref<> UIWidget::pieces() const {
-    if (PyObject* native = plainPieces()) return Ref<>::borrow(native);
-    return getAttribute(renderer->theme.raw(), "widgets"_name);
+    if (Ref<> plain = plainPieces()) return plain;
+    Ref<UITheme> theme = renderer->theme;
+    return getAttribute(theme.raw(), "widgets"_name);
 }
 
 Ref<Texture> UIWidget::tileset() const { return renderer->theme->tileset; }
@@ -141,10 +145,22 @@ bool UIWidget::isInside(PyObject* mouseX, PyObject* mouseY) {
     return Convert<bool>::from(callByName(self(), "_pointInRect"_name, mouseX, mouseY, x, y, width, height).raw());
 }
 
+// A number as a double, if Python's own sums and comparisons of such numbers come out the same.
+static std::optional<double> plainNumber(PyObject* o) {
+    if (PyFloat_CheckExact(o)) return PyFloat_AS_DOUBLE(o);
+    int overflow;
+    if (!PyLong_CheckExact(o)) return {};
+    long long value = PyLong_AsLongLongAndOverflow(o, &overflow);
+    if (overflow || value < INT_MIN || value > INT_MAX) return {};
+    return static_cast<double>(value);
+}
+
 // Python's own numbers, of any kind and size.
 bool UIWidget::pointInRect(
     PyObject* pointX, PyObject* pointY, PyObject* rectX, PyObject* rectY, PyObject* rectW, PyObject* rectH) {
     auto isInside = [](PyObject* point, PyObject* start, PyObject* length) {
+        std::optional<double> p = plainNumber(point), from = plainNumber(start), by = plainNumber(length);
+        if (p && from && by) return *p > *from && *p < *from + *by;
         if (!compare(point, Py_GT, start)) return false;
         return compare(point, Py_LT, Ref<>::steal(PyNumber_Add(start, length)).raw());
     };

@@ -44,6 +44,7 @@ struct UIWidget : Object {
     bool isDragging = false;
     int dragStartX = 0, dragStartY = 0;
     Ref<> userData;
+    Imprint imprint;  // of what the widget draws, where that may last
 
     void eachRef(RefVisitor& visit) override {
         visit(parent);
@@ -100,9 +101,9 @@ protected:
     std::optional<Canvas> beginRender(const Clip& clip);
     // A piece of the theme, by the keys on the way to it.
     template <class... Keys> Ref<> piece(Keys&... keys) const { return item(pieces().raw(), keys...); }
-    // The same of a theme that is nothing but plain dicts, so that reading it runs no script; borrowed, null otherwise.
-    template <class... Keys> PyObject* plainPiece(Keys&... keys) const {
-        PyObject* table = plainPieces();
+    // The same where no script has a say in it, else nothing.
+    template <class... Keys> Ref<> plainPiece(Keys&... keys) const {
+        Ref<> table = plainPieces();
         ((table = plainItem(table, keys)), ...);
         return table;
     }
@@ -115,7 +116,7 @@ protected:
 
 private:
     Ref<> pieces() const;
-    PyObject* plainPieces() const;
+    Ref<> plainPieces() const;
 };
 
 // Spreads 1 to 4 values over the edges of a box, in the order of the CSS shorthand.

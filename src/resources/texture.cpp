@@ -57,7 +57,7 @@ void Texture::adopt(SurfaceHandle newSurface) {
         newSurface = std::move(packed);
     }
     pixels = std::move(newSurface);
-    surface();
+    markChanged();
 }
 
 Ref<Texture> makeTexture(SurfaceHandle surface) {
@@ -72,10 +72,19 @@ SDL_Surface* Texture::source() const {
     return pixels.get();
 }
 
-SDL_Surface* Texture::surface() const {
+SDL_Surface* Texture::surface() {
+    markChanged();
+    return source();
+}
+
+void Texture::markChanged() {
     static int64_t changes = 0;
     lastChange = ++changes;
-    return source();
+}
+
+MutableImage Texture::exportedImage() {
+    isExported = true;
+    return mutableImage();
 }
 
 uint32_t colorWord(PyObject* color) {
@@ -106,8 +115,7 @@ void Texture::saveFile(Ref<Str> filename) { IMG_SavePNG(source(), Utf8(filename.
 static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
     view->obj = nullptr;
     return guarded(-1, [&] {
-        MutableImage image = native<Texture>(self)->mutableImage();
-        native<Texture>(self)->markExported();
+        MutableImage image = native<Texture>(self)->exportedImage();
         if ((flags & PyBUF_F_CONTIGUOUS) == PyBUF_F_CONTIGUOUS)
             raise(PyExc_BufferError, "the rows of a texture lie one after the other");
         static uint32_t nothing;

@@ -18,22 +18,24 @@ struct Texture : Resource {
 
     // The pixels; they stay where they are as long as the texture lives.
     Image image() const { return pixelsOf(source()); }
-    MutableImage mutableImage() const { return pixelsOf(surface()); }
-    // What SDL draws from, and what it draws on or gives another mode of drawing.
+    MutableImage mutableImage() { return pixelsOf(surface()); }
+    // To be written by others at any time.
+    MutableImage exportedImage();
+    // What SDL draws from; and what it draws on, or gets another way of drawing.
     SDL_Surface* source() const;
-    SDL_Surface* surface() const;
-    // The number of what it looks like when it is drawn: another one after whatever may have changed that. 0 while
-    // there is no image, and once a script may write to the pixels at any time.
+    SDL_Surface* surface();
+    // The number of how it looks when it is drawn: another one, also than any other texture's, after whatever may have
+    // changed that. 0 while there is no image, and for good once others may write to it at any time.
     int64_t version() const { return pixels && !isExported ? lastChange : 0; }
-    void markExported() { isExported = true; }
     // Takes over a 32-bit surface; its rows become exactly 4 * w bytes. Once in a texture's life.
     void adopt(SurfaceHandle newSurface);
 
 private:
     SurfaceHandle pixels;
-    mutable int64_t lastChange = 0;
+    int64_t lastChange = 0;
     bool isExported = false;
 
+    void markChanged();
     static MutableImage pixelsOf(SDL_Surface* s) { return {static_cast<uint32_t*>(s->pixels), s->w, s->h}; }
     void loadFile(PyObject* filename);
 };

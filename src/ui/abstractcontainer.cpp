@@ -41,9 +41,9 @@ void AbstractUIContainer::renderChildren(const Clip& clip) {
     eachChild([&](UIWidget& child) { child.render(clip); });
 }
 
-void AbstractUIContainer::renderBackground(const Canvas& canvas, Imprint& imprint) const {
+void AbstractUIContainer::renderBackground(const Canvas& canvas) {
     Look look = tilesetLook();
-    PyObject* table = plainPiece("panel"_name);
+    Ref<> table = plainPiece("panel"_name);
     look.addNumbers(table, "x"_name, "y"_name, "middleWidth"_name, "middleHeight"_name);
     auto addEdge = [&](Name& name, int room) {
         int64_t length = look.addNumber(table, name);

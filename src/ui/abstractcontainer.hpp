@@ -37,7 +37,7 @@ protected:
     void appendChild(const Ref<UIWidget>& child);
     void renderChildren(const Clip& clip);
     // Fills the container with the theme's panel.
-    void renderBackground(const Canvas& canvas, Imprint& imprint) const;
+    void renderBackground(const Canvas& canvas);
 
     Py_ssize_t childCount() const { return children ? PyList_GET_SIZE(children.raw()) : 0; }
     // A script has the list itself, so anything may be in there: raises TypeError for what is no widget.

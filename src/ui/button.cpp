@@ -38,7 +38,7 @@ void UIButton::calculateMinSize() {
 
 void UIButton::doRender(const Clip& clip) {
     std::optional<Canvas> canvas = beginRender(clip);
-    if (!canvas) return imprint.forget();
+    if (!canvas) return;
     imprint.draw(*canvas, rect(), look(clip), [&] {
         canvas->cut();
         Ref<> face = piece("button"_name, hovered() ? "hover"_name : "normal"_name);
@@ -51,16 +51,17 @@ void UIButton::doRender(const Clip& clip) {
 Look UIButton::look(const Clip& clip) const {
     Look look = tilesetLook();
     bool hasOnlyLabel = label && childCount() == 1 && PyList_GET_ITEM(children.raw(), 0) == label.raw();
-    look.isPlain = look.isPlain && clip.isPlain() && isNative(*this) && hasOnlyLabel &&
-        label->renderer.raw() == renderer.raw();
+    look.isPlain =
+        look.isPlain && clip.isPlain() && isNative(*this) && hasOnlyLabel && label->renderer.raw() == renderer.raw();
     if (!look.isPlain) return look;
-    PyObject* face = plainPiece("button"_name, isHovered ? "hover"_name : "normal"_name);
+    Ref<> face = plainPiece("button"_name, isHovered ? "hover"_name : "normal"_name);
     addThreeSlice(look, face, Axis::horizontal);
     SDL_Rect text = label->rect();
     if (!label->isVisible || isEmpty(text)) return look;
     look.add(label->shownPage());
     look.isPlain = look.isPlain && covers(rect(), text);
-    for (int64_t number : {int64_t{text.x} - x, int64_t{text.y} - y, int64_t{text.w}, int64_t{text.h}}) look.add(number);
+    for (int64_t number : {int64_t{text.x} - x, int64_t{text.y} - y, int64_t{text.w}, int64_t{text.h}})
+        look.add(number);
     return look;
 }
 

@@ -7,7 +7,6 @@ namespace zv {
 
 struct UIButton : UIListContainer {
     Ref<UIText> label;  // also the first child
-    Imprint imprint;
 
     void eachRef(RefVisitor& visit) override {
         UIListContainer::eachRef(visit);

@@ -10,7 +10,7 @@ void UIPanel::doRender(const Clip& clip) {
     std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     canvas->cut();
-    renderBackground(*canvas, imprint);
+    renderBackground(*canvas);
     renderChildren({});  // they are handed no clip: that of the panel ends here
     canvas->uncut();
 }

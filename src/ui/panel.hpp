@@ -5,8 +5,6 @@
 namespace zv {
 
 struct UIPanel : UIListContainer {
-    Imprint imprint;
-
     void init();
     void doRender(const Clip& clip) override;
     bool handleClick(MouseClickEvent* event);

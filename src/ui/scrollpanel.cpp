@@ -85,7 +85,7 @@ void UIScrollPanel::doRender(const Clip& clip) {
     SDL_Rect outer = getClippedRect(clip);
     SDL_Rect inner = inset(outer, edgesIn(piece("scrollPanel"_name, "clipPadding"_name)));
     if (isEmpty(inner)) return;
-    renderBackground(Canvas(renderer->target), imprint);
+    renderBackground(Canvas(renderer->target));
     renderChildren(Clip::of(inner));
     Ref<UISlider>(slider)->doRender(Clip::of(outer));
 }

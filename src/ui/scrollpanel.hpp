@@ -9,7 +9,6 @@ struct UIScrollPanel : AbstractUIContainer {
     int scrollPosX = 0, scrollPosY = 0;  // how far the content is moved, in pixels
     int maxScrollX = 0, maxScrollY = 0;
     int wheelScrollPixels = 50;
-    Imprint imprint;
     Ref<UISlider> slider;  // no child: the panel drives it at each stage
 
     void eachRef(RefVisitor& visit) override {

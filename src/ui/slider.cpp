@@ -132,7 +132,7 @@ void UISlider::onDragEnd(int, int) { isDragged = false; }
 
 void UISlider::doRender(const Clip& clip) {
     std::optional<Canvas> canvas = beginRender(clip);
-    if (!canvas) return imprint.forget();
+    if (!canvas) return;
     canvas->cut();
     const Axis& along = axis();
     Ref<Texture> pictures = tileset();
@@ -161,7 +161,7 @@ void UISlider::doRender(const Clip& clip) {
 Look UISlider::look() const {
     Look look = tilesetLook();
     auto addButton = [&](Name& name, bool isOver) {
-        PyObject* button = plainPiece("slider"_name, name, isOver ? "hover"_name : "normal"_name);
+        Ref<> button = plainPiece("slider"_name, name, isOver ? "hover"_name : "normal"_name);
         look.addNumbers(button, "x"_name, "y"_name, "width"_name, "height"_name);
     };
     look.add(orientation);

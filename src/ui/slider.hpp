@@ -13,7 +13,6 @@ struct UISlider : UIWidget {
     int value = 0, minValue = 0, maxValue = 100;
     bool firstButtonHovered = false, secondButtonHovered = false;
     bool isDragged = false;
-    Imprint imprint;  // of all but the knob
 
     void calculateMinSize() override;
     // Where the value is between its bounds: 0 to 1.

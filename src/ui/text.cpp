@@ -31,7 +31,9 @@ Ref<> UIText::font() const {
 }
 
 // The number of an open font that measures and renders without any script's doing, else 0.
-static int64_t faceOf(PyObject* font) { return Py_TYPE(font) == &typeOf<Font> ? native<Font>(font)->face : 0; }
+static int64_t faceOf(const Ref<>& font) {
+    return Py_TYPE(font.raw()) == &typeOf<Font> ? native<Font>(font.raw())->face : 0;
+}
 
 void UIText::setRenderer(const Ref<UIRenderer>& newRenderer) {
     UIWidget::setRenderer(newRenderer);
@@ -58,7 +60,7 @@ static std::tuple<int, int> measure(const Ref<>& font, const Ref<List>& lines, b
 void UIText::calculateMinSize() {
     if (!renderer) return;
     Ref<> used = font();
-    int64_t face = faceOf(used.raw());
+    int64_t face = faceOf(used);
     if (face == 0 || face != size.face) {
         std::tie(size.width, size.height) = measure(used, lines, false);
         size.face = face;
@@ -81,8 +83,8 @@ static bool isPlainColor(PyObject* color) {
 }
 
 Ref<Texture> UIText::shownPage() const {
-    const UITheme* theme = renderer->theme.get();
-    PyObject* font = theme && isNative(*theme) ? plainItem(theme->fonts.raw(), fontName) : nullptr;
+    Ref<UITheme> theme = renderer->theme;
+    Ref<> font = theme && isNative(*theme) ? plainItem(theme->fonts, fontName) : Ref<>();
     int64_t face = font ? faceOf(font) : 0;
     bool isShown = face != 0 && face == picture.face && picture.tuple && picture.tuple.raw() == color.raw();
     return isShown ? picture.texture : Ref<Texture>();
@@ -92,7 +94,7 @@ Ref<Texture> UIText::rendered() {
     Ref<> used = font();
     Ref<> shownColor = color;
     Ref<List> shownLines = lines;
-    int64_t face = faceOf(used.raw());
+    int64_t face = faceOf(used);
     if (face == 0) {
         size.face = picture.face = 0;  // a script's font gets hold of the lines, and may change them
         return Convert<Ref<Texture>>::from(callByName(used.raw(), "renderLines"_name, shownLines, shownColor).raw());
@@ -129,7 +131,8 @@ void declareUIText(Module& module) {
             "Determines the size which is required for the text.\n"
             "Note that this only works if the widget is appended to a renderer.\n"
             "The widths of several lines are summed. Without a renderer the size is (0, 0).")
-        .method<&UIWidget::renderAs<UIText>>("render", clipParams, "Renders the text, cut off at the edges of the widget.")
+        .method<&UIWidget::renderAs<UIText>>(
+            "render", clipParams, "Renders the text, cut off at the edges of the widget.")
         .property<&UIText::getTextByName, &UIText::setTextByName>("text", "the text; the same as getText and setText")
         .property<&UIText::color>(
             "color", "color of the text, (r, g, b) or (r, g, b, a); None takes that of the theme when attached")

@@ -12,6 +12,6 @@ void blitThreeSlice(
     const Canvas&, const Ref<Texture>& tileset, const Ref<>& table, const Axis& along, const UIWidget& bar);
 
 // Adds to a look what that depends on.
-void addThreeSlice(Look& look, PyObject* table, const Axis& along);
+void addThreeSlice(Look& look, const Ref<>& table, const Axis& along);
 
 }  // namespace zv
