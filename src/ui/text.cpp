@@ -101,6 +101,8 @@ Ref<Texture> UIText::rendered() {
     }
     if (face == picture.face && picture.tuple && picture.tuple.raw() == shownColor.raw()) return picture.texture;
     SDL_Color channels = textColor(shownColor.orNone());
+    // A script's color may set another text while it is read.
+    if (lines.raw() != shownLines.raw()) return native<Font>(used.raw())->renderPage(shownLines.orNone(), channels);
     SDL_Color& known = picture.color;
     if (face != picture.face || channels.r != known.r || channels.g != known.g || channels.b != known.b ||
         channels.a != known.a) {
