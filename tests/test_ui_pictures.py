@@ -1,14 +1,17 @@
 """Where widgets stand and what they draw, pixel by pixel."""
+import gc
 import random
 
 import numpy
 import pytest
-from zelvarine import (ANCHOR_BOTTOM, ANCHOR_CENTER, ANCHOR_RIGHT, SIZE_FIXED, SIZE_GROW, Font, UISlider, UIWidget,
-                       UIAnchoredContainer, UIButton, UIImage, UIListContainer, UIPanel, UIScrollPanel, Texture, UIText)
+from zelvarine import (ANCHOR_BOTTOM, ANCHOR_CENTER, ANCHOR_RIGHT, SIZE_FIXED, SIZE_GROW, Font, Texture,
+                       UIAnchoredContainer, UIButton, UIImage, UIListContainer, UIPanel, UIScrollPanel, UISlider,
+                       UIText, UITheme, UIWidget)
 
 import helpers
-from ui_reference import BACKGROUND, FONT_COLOR, WIDGETS, FlatFont, Rect, Sketch, Surface, ui
+from ui_reference import BACKGROUND, FONT_COLOR, TILES, WIDGETS, FlatFont, Rect, Sketch, Stage, Surface, ui
 
+pytestmark = pytest.mark.filterwarnings("ignore:.*_getPercent")  # of scroll bars with nothing to scroll
 NO_CLIP = (-1,) * 4
 SLIDER, SCROLL_BAR = (3 + 2 + 7 + 7 + 9 + 10, 10), (9, 3 + 2 + 8 + 8 + 6 + 12)  # their sizes
 
@@ -131,7 +134,6 @@ def draw(sketch, w, clip, mouse):
     sketch.clip()
 
 
-@pytest.mark.filterwarnings("ignore:.*_getPercent")  # of scroll bars with nothing to scroll
 @pytest.mark.parametrize("seed", range(60))
 def test_random_trees(ui, seed):
     r, made = random.Random(seed), []
@@ -172,6 +174,31 @@ def check_hostile_numbers(ui, made, r):
         for clip in wild(4), (high,) * 4, (2 ** 40, 0, 2 ** 62, 9):
             w.render(*clip)
     ui.frame(*wild(2), pressed=True)
+
+
+@helpers.needs_font
+@pytest.mark.parametrize("seed", range(40))
+def test_pictures_that_are_repeated(tmp_path, seed):
+    """With a theme of a script's own class they never are: the script may have a say in all that is drawn."""
+    r, alpha, font, stages = random.Random(seed), (255, 128, TILES)[seed % 3], {"file": helpers.DEJAVU, "size": 9}, []
+    for theme in UITheme, type("Anew", (UITheme,), {}):
+        stage, made = Stage(tmp_path, theme, TILES & (alpha << 24 | 0xFFFFFF), fonts={"aileron": font}), []
+        made += [random_widget(random.Random(seed), seed % 4, made), UIButton("12"), UISlider(3)]
+        [stage.root.addChild(w, 5 * i, 9) for i, w in enumerate(made[-3:])]
+        stages.append((stage, made, [each for each in gc.get_referents(stage.theme) if isinstance(each, Texture)], []))
+    for _ in range(60):
+        change, number, place = r.randint(0, 15), r.randint(0, 40), r.random()
+        for stage, made, (source,), views in stages:
+            w, table, (label,) = made[int(place * len(made))], stage.theme.widgets, made[-2].getChildren()
+            {0: lambda: table["button"]["normal"].update(x=number), 1: lambda: table["panel"].update(topHeight=number),
+             2: lambda: table["slider"]["topButton"]["normal"].update(y=number), 3: lambda: w.setMargin(number % 9),
+             4: lambda: label.setMargin(number % 3), 5: lambda: label.setText(str(number)),
+             6: lambda: source.fill([number] * 4), 7: lambda: number > 30 and views.append(numpy.asarray(source)),
+             8: lambda: [view.fill(number) for view in views]}.get(change, int)()
+            stage.frame(seed, int(2 * place))
+            stage.target.fill((number, 0, 0)) if change > 9 else w.render(*(0, 0, 60, 45)[:number])
+            w.render()
+        assert (stages[0][0].pixels == stages[1][0].pixels).all(), change
 
 
 @helpers.needs_font

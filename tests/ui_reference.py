@@ -30,10 +30,10 @@ WIDGETS = {
 }
 
 
-def write_theme(folder, **keys):
+def write_theme(folder, tiles=TILES, **keys):
     """Writes a theme file, complete but for the keys given as None, and gives its name."""
-    texture = Texture(*TILES.shape[::-1])
-    numpy.asarray(texture)[:] = TILES
+    texture = Texture(*tiles.shape[::-1])
+    numpy.asarray(texture)[:] = tiles
     texture.saveFile(str(folder / "tiles.png"))
     colors = {"background": "%X" % BACKGROUND, "fontColor": "FF0A141E"}
     theme = dict({"widgets": WIDGETS, "tileset": "tiles.png", "fonts": {}, "colors": colors}, **keys)
@@ -67,10 +67,10 @@ def sized(widget, width=20, height=10):
 class Stage(Engine):
     """An engine without a window, and a renderer on a target of 160 by 120 with an anchored root."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, theme=FlatTheme, tiles=TILES, **keys):
         super().__init__()
         self.target = Texture(160, 120)
-        self.renderer = UIRenderer(self.target, True, FlatTheme(write_theme(folder)))
+        self.renderer = UIRenderer(self.target, True, theme(write_theme(folder, tiles, **keys)))
         self.ecs.addSystem(self.renderer)
         self.root, self.theme, self.pixels = self.renderer.widget, self.renderer.theme, numpy.asarray(self.target)
 

@@ -13,6 +13,14 @@ inline bool compare(PyObject* a, int operation, PyObject* b) {
 // a == b; unlike in a search, an object need not equal itself
 inline bool equal(PyObject* a, PyObject* b) { return compare(a, Py_EQ, b); }
 
+// d[key] where no script has a say in it: nothing if `d` is not Python's own dict, or lacks the key.
+template <class T> Ref<> plainItem(const Ref<T>& d, Name& key) {
+    if (!d || !PyDict_CheckExact(d.raw())) return {};
+    PyObject* value = PyDict_GetItemWithError(d.raw(), key.get());
+    if (!value && PyErr_Occurred()) throw PythonError{};
+    return Ref<>::borrow(value);
+}
+
 // d[key], with Python's KeyError
 inline Ref<> item(PyObject* d, PyObject* key) { return Ref<>::steal(PyObject_GetItem(orNone(d), orNone(key))); }
 inline Ref<> item(PyObject* d, const char* key) { return item(d, toPython(key).raw()); }

@@ -44,6 +44,9 @@ template <class T> T* native(PyObject* o) { return static_cast<T*>(reinterpret_c
 
 template <class T> inline PyTypeObject typeOf = {PyVarObject_HEAD_INIT(nullptr, 0)};
 
+// Whether the object is of one of our own classes, no script's subclass: nothing of it can be overridden or exchanged.
+inline bool isNative(const Object& o) { return !PyType_HasFeature(Py_TYPE(o.self()), Py_TPFLAGS_HEAPTYPE); }
+
 template <class T> PyObject* classOf() { return reinterpret_cast<PyObject*>(&typeOf<T>); }
 
 // Python's own types, for references that hold only these.

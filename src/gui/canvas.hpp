@@ -12,23 +12,33 @@ namespace zv {
 class Canvas {
 public:
     Canvas(Ref<Texture> texture, const SDL_Rect& seen) : target(std::move(texture)), part(seen) {}
+    // The part that is not cut now.
+    explicit Canvas(const Ref<Texture>& texture) : Canvas(texture, texture->source()->clip_rect) {}
 
     void cut() const {
         SDL_Surface* surface = target->surface();
         bool fits = isNear(part) && isNear(part.w) && isNear(part.h);
-        SDL_Rect clip = fits ? part : intersection(part, {0, 0, surface->w, surface->h});
+        SDL_Rect clip = fits ? part : open();
         SDL_SetClipRect(surface, &clip);
     }
-    void uncut() const { SDL_SetClipRect(target->surface(), nullptr); }
+    void uncut() const {
+        SDL_Surface* surface = target->surface();
+        bool isCut = surface->clip_rect.w != surface->w || surface->clip_rect.h != surface->h;
+        if (isCut) SDL_SetClipRect(surface, nullptr);
+    }
 
-    // Where something can be drawn now.
-    SDL_Rect open() const { return target->surface()->clip_rect; }
+    // Where something can be drawn after cut().
+    SDL_Rect open() const {
+        const SDL_Surface* surface = target->source();
+        return intersection(part, {0, 0, surface->w, surface->h});
+    }
+    MutableImage pixels() const { return target->mutableImage(); }
 
     void blit(const Ref<Texture>& source, const SDL_Rect& from, int x, int y) const {
-        zv::blit(source->surface(), from, target->surface(), x, y);
+        zv::blit(source->source(), from, target->surface(), x, y);
     }
     void blitScaled(const Ref<Texture>& source, const SDL_Rect& from, const SDL_Rect& place) const {
-        zv::blitScaled(source->surface(), from, target->surface(), place);
+        zv::blitScaled(source->source(), from, target->surface(), place);
     }
 
 private:

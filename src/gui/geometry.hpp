@@ -19,6 +19,17 @@ inline SDL_Rect intersection(const SDL_Rect& a, const SDL_Rect& b) {
     return {left, top, saturate(right - left), saturate(bottom - top)};
 }
 
+// Whether a point is inside a rectangle. The edges are outside.
+inline bool contains(const SDL_Rect& r, int x, int y) {
+    return x > r.x && x < int64_t{r.x} + r.w && y > r.y && y < int64_t{r.y} + r.h;
+}
+
+// Whether all of a rectangle lies in another one.
+inline bool covers(const SDL_Rect& whole, const SDL_Rect& part) {
+    return part.x >= whole.x && part.y >= whole.y && int64_t{part.x} + part.w <= int64_t{whole.x} + whole.w &&
+        int64_t{part.y} + part.h <= int64_t{whole.y} + whole.h;
+}
+
 // A margin or padding around a rectangle.
 struct Edges {
     int top, right, bottom, left;

@@ -26,7 +26,7 @@ void UIRenderer::render() {
     if (fillBackground) {
         Ref<> color = callByName(theme.raw(), "getIntColor"_name, std::string_view("background"));
         uint32_t word = Convert<uint32_t>::from(color.raw());
-        SDL_FillRect(target->surface(), nullptr, word);
+        fill(target->surface(), word);
     }
     Ref<> held = toPython(engine);
     auto [mouseX, mouseY] = Convert<std::tuple<int, int>>::from(callByName(held.raw(), "getMousePos"_name).raw());
@@ -36,8 +36,10 @@ void UIRenderer::render() {
     Ref<UIWidget>(widget)->calculateMinSize();
     Ref<UIWidget>(widget)->calculateMaxSize();
     Ref<UIWidget>(widget)->calculatePos();
-    callByName(Ref<UIWidget>(widget).raw(), "update"_name, mouseX, mouseY, isMouseLeftPressed);
-    callByName(Ref<UIWidget>(widget).raw(), "render"_name);
+    Ref<UIWidget>(widget)->update(mouseX, mouseY, isMouseLeftPressed);
+    Ref<UIWidget> root = widget;
+    if (isNative(*root)) root->doRender({});
+    else callByName(root.raw(), "render"_name);
 }
 
 void UIRenderer::setEngine(Ref<Engine> newEngine) {

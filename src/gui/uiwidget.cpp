@@ -56,10 +56,13 @@ void UIWidget::setMargin(Args values) {
 }
 
 bool UIWidget::isUnder(int mouseX, int mouseY) {
+    if (isNative(*this)) return contains(rect(), mouseX, mouseY);
     return Convert<bool>::from(callByName(self(), "isInside"_name, mouseX, mouseY).raw());
 }
 
-bool UIWidget::hovered() { return Convert<bool>::from(getAttribute(self(), "isHovered"_name).raw()); }
+bool UIWidget::hovered() {
+    return isNative(*this) ? isHovered : Convert<bool>::from(getAttribute(self(), "isHovered"_name).raw());
+}
 
 bool UIWidget::handleClick(MouseClickEvent* event) {
     if (!isEnabled || !hovered()) return false;
@@ -75,25 +78,51 @@ void UIWidget::requireRenderer() {
 std::optional<Canvas> UIWidget::beginRender(const Clip& clip) {
     if (!isVisible) return {};
     SDL_Rect seen = getClippedRect(clip);
-    if (isEmpty(seen)) return {};
+    if (isEmpty(seen)) {
+        imprint.forget();
+        return {};
+    }
     requireRenderer();
     return Canvas(renderer->target, seen);
 }
 
+Ref<> UIWidget::plainPieces() const {
+    const UITheme* theme = renderer->theme.get();
+    return Ref<>::borrow(theme && isNative(*theme) ? theme->widgets.raw() : nullptr);
+}
+
 Ref<> UIWidget::pieces() const {
+    if (Ref<> plain = plainPieces()) return plain;
     Ref<UITheme> theme = renderer->theme;
     return getAttribute(theme.raw(), "widgets"_name);
 }
 
 Ref<Texture> UIWidget::tileset() const { return renderer->theme->tileset; }
 
+Look UIWidget::tilesetLook() const {
+    const UITheme* theme = renderer->theme.get();
+    Look look;
+    look.add(theme ? theme->tileset : Ref<Texture>());
+    return look;
+}
+
 void UIWidget::fireEvent(const Ref<>& event) const {
     if (renderer && renderer->engine) callByName(renderer->engine.raw(), "fireEvent"_name, event);
 }
 
-void UIWidget::render(Ref<>, Ref<>, Ref<>, Ref<>) { requireRenderer(); }
-
 void UIWidget::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    if (isNative(*this)) doUpdate(mouseX, mouseY, isMouseLeftPressed);
+    else callByName(self(), "update"_name, mouseX, mouseY, isMouseLeftPressed);
+}
+
+void UIWidget::render(const Clip& clip) {
+    if (isNative(*this)) doRender(clip);
+    else callByName(self(), "render"_name, clip.x, clip.y, clip.width, clip.height);
+}
+
+void UIWidget::doRender(const Clip&) { requireRenderer(); }
+
+void UIWidget::doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) {
     isHovered = isUnder(mouseX, mouseY);
     if (hovered() && isMouseLeftPressed && !isDragging) {
         isDragging = true;
@@ -116,10 +145,22 @@ bool UIWidget::isInside(PyObject* mouseX, PyObject* mouseY) {
     return Convert<bool>::from(callByName(self(), "_pointInRect"_name, mouseX, mouseY, x, y, width, height).raw());
 }
 
+// A number as a double, if Python's own sums and comparisons of such numbers come out the same.
+static std::optional<double> plainNumber(PyObject* o) {
+    if (PyFloat_CheckExact(o)) return PyFloat_AS_DOUBLE(o);
+    int overflow;
+    if (!PyLong_CheckExact(o)) return {};
+    long long value = PyLong_AsLongLongAndOverflow(o, &overflow);
+    if (overflow || value < INT_MIN || value > INT_MAX) return {};
+    return static_cast<double>(value);
+}
+
 // Python's own numbers, of any kind and size.
 bool UIWidget::pointInRect(
     PyObject* pointX, PyObject* pointY, PyObject* rectX, PyObject* rectY, PyObject* rectW, PyObject* rectH) {
     auto isInside = [](PyObject* point, PyObject* start, PyObject* length) {
+        std::optional<double> p = plainNumber(point), from = plainNumber(start), by = plainNumber(length);
+        if (p && from && by) return *p > *from && *p < *from + *by;
         if (!compare(point, Py_GT, start)) return false;
         return compare(point, Py_LT, Ref<>::steal(PyNumber_Add(start, length)).raw());
     };
@@ -141,12 +182,12 @@ void declareUIWidget(Module& module) {
         .method<&UIWidget::getParent>("getParent", {},
             "The container that this widget was added to, or None.\n@return(AbstractUIContainer or None)")
         .method<&UIWidget::getRenderer>("getRenderer", {}, "The renderer that this widget is attached to, or None.")
-        .method<&UIWidget::render>("render", clipParams,
+        .method<&UIWidget::renderAs<UIWidget>>("render", clipParams,
             "Renders the widget. It should be overwritten by deriving classes in order to draw the widget's\n"
             "appearance on the render target. Call this base implementation first: it raises EngineException\n"
             "for a visible widget that is not connected to a UIRenderer.\n"
             "Nothing is to be drawn outside the clip rectangle; a negative value means that there is none.")
-        .method<&UIWidget::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
+        .method<&UIWidget::updateAs<UIWidget>>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
             "Called once per frame, before `render`. It can be overwritten and can be used to update the\n"
             "widget's state. This base implementation tracks the mouse: it sets `isHovered` and calls\n"
             "`onDragStart`, `onDrag` and `onDragEnd`. The position is in pixels of the render target.")

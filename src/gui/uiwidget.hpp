@@ -2,7 +2,7 @@
 #pragma once
 #include "binding/items.hpp"
 #include "events.hpp"
-#include "gui/canvas.hpp"
+#include "gui/imprint.hpp"
 
 namespace zv {
 
@@ -17,6 +17,11 @@ enum VerticalAlign : int { VALIGN_TOP, VALIGN_BOTTOM, VALIGN_MIDDLE };
 struct Clip {
     Ref<> x = toPython(-1), y = toPython(-1), width = toPython(-1), height = toPython(-1);
 
+    // Whether reading it runs no script.
+    bool isPlain() const {
+        return PyLong_CheckExact(x.orNone()) && PyLong_CheckExact(y.orNone()) && PyLong_CheckExact(width.orNone()) &&
+            PyLong_CheckExact(height.orNone());
+    }
     static Clip of(const SDL_Rect& r) { return {toPython(r.x), toPython(r.y), toPython(r.w), toPython(r.h)}; }
 };
 
@@ -39,6 +44,7 @@ struct UIWidget : Object {
     bool isDragging = false;
     int dragStartX = 0, dragStartY = 0;
     Ref<> userData;
+    Imprint imprint;  // of what the widget draws, where that may last
 
     void eachRef(RefVisitor& visit) override {
         visit(parent);
@@ -55,6 +61,9 @@ struct UIWidget : Object {
     virtual SDL_Rect getClippedRect(const Clip& clip);
     // The room that a container offers to its children.
     virtual SDL_Point innerSize() const { return {0, 0}; }
+    // What update() and render() are in this class. Others call those two, and a script's override takes effect.
+    virtual void doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed);
+    virtual void doRender(const Clip& clip);
 
     void init() {}
     void setParent(Ref<AbstractUIContainer> newParent);
@@ -63,8 +72,15 @@ struct UIWidget : Object {
     bool handleScroll(MouseWheelEvent*) { return false; }
     Ref<UIWidget> getParent() const { return parent; }
     Ref<UIRenderer> getRenderer() const { return renderer; }
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
     void update(int mouseX, int mouseY, bool isMouseLeftPressed);
+    void render(const Clip& clip);
+    // The methods as Python finds them in the class T: they do what that very class does, for the sake of super().
+    template <class T> void updateAs(int mouseX, int mouseY, bool isMouseLeftPressed) {
+        static_cast<T*>(this)->T::doUpdate(mouseX, mouseY, isMouseLeftPressed);
+    }
+    template <class T> void renderAs(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
+        static_cast<T*>(this)->T::doRender({clipX, clipY, clipWidth, clipHeight});
+    }
     void onDragStart(int, int) {}
     void onDrag(int, int, int, int) {}
     void onDragEnd(int, int) {}
@@ -85,13 +101,22 @@ protected:
     std::optional<Canvas> beginRender(const Clip& clip);
     // A piece of the theme, by the keys on the way to it.
     template <class... Keys> Ref<> piece(Keys&... keys) const { return item(pieces().raw(), keys...); }
+    // The same where no script has a say in it, else nothing.
+    template <class... Keys> Ref<> plainPiece(Keys&... keys) const {
+        Ref<> table = plainPieces();
+        ((table = plainItem(table, keys)), ...);
+        return table;
+    }
     // The picture that holds the pieces.
     Ref<Texture> tileset() const;
+    // Of what is drawn with that picture: the look to begin with.
+    Look tilesetLook() const;
     // Lets the engine fire an event; without one nothing happens.
     void fireEvent(const Ref<>& event) const;
 
 private:
     Ref<> pieces() const;
+    Ref<> plainPieces() const;
 };
 
 // Spreads 1 to 4 values over the edges of a box, in the order of the CSS shorthand.

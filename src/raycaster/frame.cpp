@@ -53,7 +53,7 @@ struct RaycastingRenderer::BackdropScope {
 // nothing between the fill of the target and the walls is a script's own, and the fill would reach every pixel.
 bool RaycastingRenderer::canPaintLater(const Texture& texture) const {
     SDL_Rect clip;
-    SDL_GetClipRect(texture.surface(), &clip);
+    SDL_GetClipRect(texture.source(), &clip);
     return drawsByVectors() && Py_TYPE(texture.self()) == &typeOf<Texture> && camera && camera->dir &&
         Py_TYPE(camera->dir.raw()) == &typeOf<Vector2> && clip.w == texture.getWidth() && clip.h == texture.getHeight();
 }

@@ -57,6 +57,7 @@ void Texture::adopt(SurfaceHandle newSurface) {
         newSurface = std::move(packed);
     }
     pixels = std::move(newSurface);
+    markChanged();
 }
 
 Ref<Texture> makeTexture(SurfaceHandle surface) {
@@ -66,14 +67,24 @@ Ref<Texture> makeTexture(SurfaceHandle surface) {
     return texture;
 }
 
-SDL_Surface* Texture::surface() const {
+SDL_Surface* Texture::source() const {
     if (!pixels) raise(PyExc_RuntimeError, "the texture has no image: its constructor did not finish");
     return pixels.get();
 }
 
-MutableImage Texture::mutableImage() const {
-    SDL_Surface* s = surface();
-    return {static_cast<uint32_t*>(s->pixels), s->w, s->h};
+SDL_Surface* Texture::surface() {
+    markChanged();
+    return source();
+}
+
+void Texture::markChanged() {
+    static int64_t changes = 0;
+    lastChange = ++changes;
+}
+
+MutableImage Texture::exportedImage() {
+    isExported = true;
+    return mutableImage();
 }
 
 uint32_t colorWord(PyObject* color) {
@@ -96,15 +107,15 @@ void Texture::fillChecker() {
     SDL_FillRect(s, &lowerRight, 0xFF333333);
 }
 
-void Texture::copyFrom(const Texture& other) { SDL_UpperBlit(other.surface(), nullptr, surface(), nullptr); }
+void Texture::copyFrom(const Texture& other) { SDL_UpperBlit(other.source(), nullptr, surface(), nullptr); }
 
-void Texture::saveFile(Ref<Str> filename) { IMG_SavePNG(surface(), Utf8(filename.orNone())); }
+void Texture::saveFile(Ref<Str> filename) { IMG_SavePNG(source(), Utf8(filename.orNone())); }
 
 // The buffer is the pixels themselves; the exporter, and with it the surface, lives as long as the view.
 static int exportPixels(PyObject* self, Py_buffer* view, int flags) noexcept {
     view->obj = nullptr;
     return guarded(-1, [&] {
-        MutableImage image = native<Texture>(self)->mutableImage();
+        MutableImage image = native<Texture>(self)->exportedImage();
         if ((flags & PyBUF_F_CONTIGUOUS) == PyBUF_F_CONTIGUOUS)
             raise(PyExc_BufferError, "the rows of a texture lie one after the other");
         static uint32_t nothing;

@@ -17,15 +17,26 @@ struct Texture : Resource {
     void saveFile(Ref<Str> filename);
 
     // The pixels; they stay where they are as long as the texture lives.
-    Image image() const { return mutableImage(); }
-    MutableImage mutableImage() const;
-    SDL_Surface* surface() const;
+    Image image() const { return pixelsOf(source()); }
+    MutableImage mutableImage() { return pixelsOf(surface()); }
+    // To be written by others at any time.
+    MutableImage exportedImage();
+    // What SDL draws from; and what it draws on, or gets another way of drawing.
+    SDL_Surface* source() const;
+    SDL_Surface* surface();
+    // The number of how it looks when it is drawn: another one, also than any other texture's, after whatever may have
+    // changed that. 0 while there is no image, and for good once others may write to it at any time.
+    int64_t version() const { return pixels && !isExported ? lastChange : 0; }
     // Takes over a 32-bit surface; its rows become exactly 4 * w bytes. Once in a texture's life.
     void adopt(SurfaceHandle newSurface);
 
 private:
     SurfaceHandle pixels;
+    int64_t lastChange = 0;
+    bool isExported = false;
 
+    void markChanged();
+    static MutableImage pixelsOf(SDL_Surface* s) { return {static_cast<uint32_t*>(s->pixels), s->w, s->h}; }
     void loadFile(PyObject* filename);
 };
 

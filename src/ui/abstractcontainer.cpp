@@ -1,5 +1,7 @@
 #include "ui/abstractcontainer.hpp"
 
+#include "ui/pieces.hpp"
+
 namespace zv {
 
 Ref<UIWidget> AbstractUIContainer::childAt(Py_ssize_t i) const {
@@ -28,16 +30,33 @@ void AbstractUIContainer::calculatePos() {
     eachChild([](UIWidget& child) { child.calculatePos(); });
 }
 
-void AbstractUIContainer::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
-    UIWidget::update(mouseX, mouseY, isMouseLeftPressed);
-    eachChild([&](UIWidget& child) { callByName(child.self(), "update"_name, mouseX, mouseY, isMouseLeftPressed); });
+void AbstractUIContainer::doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    UIWidget::doUpdate(mouseX, mouseY, isMouseLeftPressed);
+    eachChild([&](UIWidget& child) { child.update(mouseX, mouseY, isMouseLeftPressed); });
 }
 
 void AbstractUIContainer::renderChildren(const Clip& clip) {
     if (!isVisible) return;
     requireRenderer();
-    eachChild(
-        [&](UIWidget& child) { callByName(child.self(), "render"_name, clip.x, clip.y, clip.width, clip.height); });
+    eachChild([&](UIWidget& child) { child.render(clip); });
+}
+
+void AbstractUIContainer::renderBackground(const Canvas& canvas) {
+    Look look = tilesetLook();
+    Ref<> table = plainPiece("panel"_name);
+    look.addNumbers(table, "x"_name, "y"_name, "middleWidth"_name, "middleHeight"_name);
+    auto addEdge = [&](Name& name, int room) {
+        int64_t length = look.addNumber(table, name);
+        look.isPlain = look.isPlain && length >= 0 && length <= room;  // else it reaches out where nothing cuts it
+    };
+    addEdge("leftWidth"_name, width);
+    addEdge("rightWidth"_name, width);
+    addEdge("topHeight"_name, height);
+    addEdge("bottomHeight"_name, height);
+    imprint.draw(canvas, rect(), look, [&] {
+        NinePatch background = ninePatchIn(piece("panel"_name));
+        blitNinePatch(canvas, tileset(), background, rect());
+    });
 }
 
 bool AbstractUIContainer::offerEvent(Name& method, Event* event) {
@@ -81,8 +100,8 @@ void declareAbstractUIContainer(Module& module) {
         .method<&AbstractUIContainer::removeChild>("removeChild", {{"child"}},
             "Removes a child; nothing happens if it is not here. It keeps its parent and its renderer.")
         .method<&AbstractUIContainer::removeAllChildren>("removeAllChildren", {}, "Removes all children.")
-        .method<&AbstractUIContainer::render>("render", clipParams, "Renders the child widgets.")
-        .method<&AbstractUIContainer::update>(
+        .method<&UIWidget::renderAs<AbstractUIContainer>>("render", clipParams, "Renders the child widgets.")
+        .method<&UIWidget::updateAs<AbstractUIContainer>>(
             "update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}}, "Updates the child widgets.")
         .method<&AbstractUIContainer::handleClick>("_onClick", {{"event"}},
             "Offers a click to the children, the topmost first, until one takes it.\n"

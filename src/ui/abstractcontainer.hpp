@@ -19,15 +19,13 @@ struct AbstractUIContainer : UIWidget {
     void calculateMinSize() override;
     void calculateMaxSize() override;
     void calculatePos() override;
+    void doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) override;
+    void doRender(const Clip& clip) override { renderChildren(clip); }
     SDL_Point innerSize() const override { return {innerWidth, innerHeight}; }
 
     Ref<> getChildren() const { return Ref<>::borrow(children.raw()); }
     void removeChild(PyObject* child);
     void removeAllChildren();
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-        renderChildren({clipX, clipY, clipWidth, clipHeight});
-    }
-    void update(int mouseX, int mouseY, bool isMouseLeftPressed);
     bool handleClick(MouseClickEvent* event);
     Ref<> handleScroll(MouseWheelEvent* event);
     void setPadding(Args values) {
@@ -38,6 +36,8 @@ protected:
     // Appends a child, then tells it. One that refuses is in the list by then, and stays.
     void appendChild(const Ref<UIWidget>& child);
     void renderChildren(const Clip& clip);
+    // Fills the container with the theme's panel.
+    void renderBackground(const Canvas& canvas);
 
     Py_ssize_t childCount() const { return children ? PyList_GET_SIZE(children.raw()) : 0; }
     // A script has the list itself, so anything may be in there: raises TypeError for what is no widget.

@@ -36,14 +36,33 @@ void UIButton::calculateMinSize() {
     if (sizePolicyY != SIZE_FIXED) height = minHeight;
 }
 
-void UIButton::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+void UIButton::doRender(const Clip& clip) {
+    std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
-    canvas->cut();
-    Ref<> face = piece("button"_name, hovered() ? "hover"_name : "normal"_name);
-    blitThreeSlice(*canvas, tileset(), face, Axis::horizontal, *this);
-    renderChildren({clipX, clipY, clipWidth, clipHeight});
+    imprint.draw(*canvas, rect(), look(clip), [&] {
+        canvas->cut();
+        Ref<> face = piece("button"_name, hovered() ? "hover"_name : "normal"_name);
+        blitThreeSlice(*canvas, tileset(), face, Axis::horizontal, *this);
+        renderChildren(clip);
+    });
     canvas->uncut();
+}
+
+Look UIButton::look(const Clip& clip) const {
+    Look look = tilesetLook();
+    bool hasOnlyLabel = label && childCount() == 1 && PyList_GET_ITEM(children.raw(), 0) == label.raw();
+    look.isPlain =
+        look.isPlain && clip.isPlain() && isNative(*this) && hasOnlyLabel && label->renderer.raw() == renderer.raw();
+    if (!look.isPlain) return look;
+    Ref<> face = plainPiece("button"_name, isHovered ? "hover"_name : "normal"_name);
+    addThreeSlice(look, face, Axis::horizontal);
+    SDL_Rect text = label->rect();
+    if (!label->isVisible || isEmpty(text)) return look;
+    look.add(label->shownPage());
+    look.isPlain = look.isPlain && covers(rect(), text);
+    for (int64_t number : {int64_t{text.x} - x, int64_t{text.y} - y, int64_t{text.w}, int64_t{text.h}})
+        look.add(number);
+    return look;
 }
 
 bool UIButton::handleClick(MouseClickEvent* event) {
@@ -64,7 +83,7 @@ void declareUIButton(Module& module) {
         .init<&UIButton::init>({{"label", Required{}, "str"}})
         .method<&UIButton::getText>("getText", {}, "The text of the label.\n@return(str)")
         .method<&UIButton::setText>("setText", {{"text", Required{}, "str"}}, "Replaces the text of the label.")
-        .method<&UIButton::render>("render", clipParams, "Renders the button and its label.")
+        .method<&UIWidget::renderAs<UIButton>>("render", clipParams, "Renders the button and its label.")
         .method<&UIButton::handleClick>("_onClick", {{"event"}},
             "An enabled button takes a click inside it: it calls `onClick` and fires a ButtonClickEvent.\n"
             "@return(bool) whether the button took the click")

@@ -20,8 +20,11 @@ struct UIButton : UIListContainer {
     void setText(PyObject* text);
     Ref<> getTextByName() const;
     void setTextByName(PyObject* text);
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    void doRender(const Clip& clip) override;
     bool handleClick(MouseClickEvent* event);
+
+private:
+    Look look(const Clip& clip) const;
 };
 
 struct ButtonClickEvent : MouseClickEvent {

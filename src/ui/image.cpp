@@ -27,8 +27,8 @@ void UIImage::setSize(PyObject* newWidth, PyObject* newHeight) {
 
 void UIImage::setAlpha(int newAlpha) { alpha = std::clamp(newAlpha, 0, 255); }
 
-void UIImage::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+void UIImage::doRender(const Clip& clip) {
+    std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas || !texture) return;
     canvas->cut();
     SDL_Surface* picture = texture->surface();
@@ -40,7 +40,7 @@ void UIImage::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight
 void declareUIImage(Module& module) {
     Class<UIImage, UIWidget>("zelvarine.UIImage", "A UIImage can be used to display images.")
         .init<&UIImage::init>({{"texture"}, {"width", None{}, "int or None"}, {"height", None{}, "int or None"}})
-        .method<&UIImage::render>("render", clipParams,
+        .method<&UIWidget::renderAs<UIImage>>("render", clipParams,
             "Renders the picture, stretched to fill the widget; nothing without a texture. Its opacity stays set on\n"
             "the texture, for others who draw it.")
         .property<&UIImage::getTexture, &UIImage::setTexture>(

@@ -19,7 +19,7 @@ struct UIImage : UIWidget {
     void setTexture(Ref<Texture> newTexture);
     int getAlpha() const { return alpha; }
     void setAlpha(int newAlpha);
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    void doRender(const Clip& clip) override;
 
 private:
     // The given size; None is that of the texture.

@@ -6,12 +6,11 @@ namespace zv {
 
 void UIPanel::init() { paddingLeft = paddingTop = paddingRight = paddingBottom = 8; }
 
-void UIPanel::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+void UIPanel::doRender(const Clip& clip) {
+    std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     canvas->cut();
-    NinePatch background = ninePatchIn(piece("panel"_name));
-    blitNinePatch(*canvas, tileset(), background, rect());
+    renderBackground(*canvas);
     renderChildren({});  // they are handed no clip: that of the panel ends here
     canvas->uncut();
 }
@@ -25,7 +24,7 @@ void declareUIPanel(Module& module) {
         "A UIListContainer with a background and a padding of 8. An enabled panel takes the clicks on it that no\n"
         "child takes.")
         .init<&UIPanel::init>()
-        .method<&UIPanel::render>("render", clipParams, "Renders the panel and its children.")
+        .method<&UIWidget::renderAs<UIPanel>>("render", clipParams, "Renders the panel and its children.")
         .method<&UIPanel::handleClick>("_onClick", {{"event"}},
             "Offers a click to the children, then calls the panel's own `onClick` if the mouse is over it.\n"
             "@return(bool) whether a child or the panel took the click")

@@ -6,7 +6,7 @@ namespace zv {
 
 struct UIPanel : UIListContainer {
     void init();
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    void doRender(const Clip& clip) override;
     bool handleClick(MouseClickEvent* event);
 };
 

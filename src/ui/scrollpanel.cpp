@@ -64,8 +64,8 @@ void UIScrollPanel::calculatePos() {
     maxScrollY = std::max(0, saturate(int64_t{c.height} - height + paddingTop + paddingBottom));
 }
 
-void UIScrollPanel::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
-    AbstractUIContainer::update(mouseX, mouseY, isMouseLeftPressed);
+void UIScrollPanel::doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    AbstractUIContainer::doUpdate(mouseX, mouseY, isMouseLeftPressed);
     Ref<> margin = piece("scrollPanel"_name, "sliderMargin"_name);
     auto at = [&](Name& edge) { return int64_t{numberIn(margin, edge)}; };
     Ref<UISlider> held = slider;
@@ -76,20 +76,18 @@ void UIScrollPanel::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
     bar.x = saturate(int64_t{x} + width - bar.width - right);
     bar.y = saturate(y + at("top"_name));
     bar.maxValue = maxScrollY;
-    bar.update(mouseX, mouseY, isMouseLeftPressed);
+    bar.doUpdate(mouseX, mouseY, isMouseLeftPressed);
     scrollPosY = bar.value;
 }
 
-void UIScrollPanel::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
+void UIScrollPanel::doRender(const Clip& clip) {
     if (!isVisible || !renderer) return;
-    SDL_Rect outer = getClippedRect({clipX, clipY, clipWidth, clipHeight});
+    SDL_Rect outer = getClippedRect(clip);
     SDL_Rect inner = inset(outer, edgesIn(piece("scrollPanel"_name, "clipPadding"_name)));
     if (isEmpty(inner)) return;
-    NinePatch background = ninePatchIn(piece("panel"_name));
-    blitNinePatch(Canvas(renderer->target, outer), tileset(), background, rect());
+    renderBackground(Canvas(renderer->target));
     renderChildren(Clip::of(inner));
-    Clip bar = Clip::of(outer);
-    Ref<UISlider>(slider)->render(bar.x, bar.y, bar.width, bar.height);
+    Ref<UISlider>(slider)->doRender(Clip::of(outer));
 }
 
 bool UIScrollPanel::handleClick(MouseClickEvent* event) {
@@ -114,9 +112,9 @@ void declareUIScrollPanel(Module& module) {
     panel.init<&UIScrollPanel::init>({{"content", Required{}, "UIWidget"}})
         .property<&UIScrollPanel::getContent, &UIScrollPanel::setContent>(
             "content", "the widget that is shown; assigning one replaces it")
-        .method<&UIScrollPanel::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
+        .method<&UIWidget::updateAs<UIScrollPanel>>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
             "Updates the content and the scroll bar, and scrolls to where the bar is.")
-        .method<&UIScrollPanel::render>("render", clipParams, "Renders the content widget.")
+        .method<&UIWidget::renderAs<UIScrollPanel>>("render", clipParams, "Renders the content widget.")
         .method<&UIScrollPanel::handleClick>("_onClick", {{"event"}},
             "Offers a click to the scroll bar, then to the content.\n@return(bool) whether one of them took it")
         .method<&UIScrollPanel::handleScroll>("_onScroll", {{"event"}},

@@ -29,8 +29,8 @@ struct UIScrollPanel : AbstractUIContainer {
     void setScrollPosX(int position);
     int getScrollPosY() const { return scrollPosY; }
     void setScrollPosY(int position);
-    void update(int mouseX, int mouseY, bool isMouseLeftPressed);
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    void doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) override;
+    void doRender(const Clip& clip) override;
     bool handleClick(MouseClickEvent* event);
     bool handleScroll(MouseWheelEvent* event);
 

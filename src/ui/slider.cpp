@@ -77,8 +77,8 @@ void UISlider::calculateMinSize() {
     }
 }
 
-void UISlider::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
-    UIWidget::update(mouseX, mouseY, isMouseLeftPressed);
+void UISlider::doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) {
+    UIWidget::doUpdate(mouseX, mouseY, isMouseLeftPressed);
     if (!renderer) {
         firstButtonHovered = secondButtonHovered = false;
         return;
@@ -94,6 +94,7 @@ void UISlider::update(int mouseX, int mouseY, bool isMouseLeftPressed) {
 }
 
 bool UISlider::isPointIn(const SDL_Rect& r, int mouseX, int mouseY) {
+    if (isNative(*this)) return contains(r, mouseX, mouseY);
     return Convert<bool>::from(callByName(self(), "_pointInRect"_name, mouseX, mouseY, r.x, r.y, r.w, r.h).raw());
 }
 
@@ -129,13 +130,12 @@ void UISlider::onDrag(int mouseX, int mouseY, int, int) {
 
 void UISlider::onDragEnd(int, int) { isDragged = false; }
 
-void UISlider::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+void UISlider::doRender(const Clip& clip) {
+    std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     canvas->cut();
     const Axis& along = axis();
     Ref<Texture> pictures = tileset();
-    blitThreeSlice(*canvas, pictures, piece("slider"_name, names().background), along, *this);
     auto button = [&](Name& name, bool isOver) {
         return rectIn(piece("slider"_name, name, isOver ? "hover"_name : "normal"_name));
     };
@@ -143,9 +143,12 @@ void UISlider::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeigh
         SDL_Rect target = along.rect(place, this->*along.other().position, 0, 0);
         canvas->blit(pictures, part, target.x, target.y);
     };
-    blitAt(this->*along.position, button(names().firstButton, firstButtonHovered));
-    SDL_Rect second = button(names().secondButton, secondButtonHovered);
-    blitAt(along.end(*this) - second.*along.length, second);
+    imprint.draw(*canvas, rect(), look(), [&] {
+        blitThreeSlice(*canvas, pictures, piece("slider"_name, names().background), along, *this);
+        blitAt(this->*along.position, button(names().firstButton, firstButtonHovered));
+        SDL_Rect second = button(names().secondButton, secondButtonHovered);
+        blitAt(along.end(*this) - second.*along.length, second);
+    });
     canvas->uncut();
 
     SDL_Rect knob = button(names().knob, false);
@@ -153,6 +156,19 @@ void UISlider::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeigh
     int64_t moved = truncateFar(getPercent() * static_cast<float>(t.length));
     blitAt(this->*along.position + t.first + moved, knob);
     canvas->uncut();
+}
+
+Look UISlider::look() const {
+    Look look = tilesetLook();
+    auto addButton = [&](Name& name, bool isOver) {
+        Ref<> button = plainPiece("slider"_name, name, isOver ? "hover"_name : "normal"_name);
+        look.addNumbers(button, "x"_name, "y"_name, "width"_name, "height"_name);
+    };
+    look.add(orientation);
+    addThreeSlice(look, plainPiece("slider"_name, names().background), axis());
+    addButton(names().firstButton, firstButtonHovered);
+    addButton(names().secondButton, secondButtonHovered);
+    return look;
 }
 
 void declareUISlider(Module& module) {
@@ -166,9 +182,9 @@ void declareUISlider(Module& module) {
         .property<&UISlider::readPercent, &UISlider::writePercent>("percent",
             "the value as a share of the range, 0.0 to 1.0; NaN raises ValueError. With equal bounds it reads as\n"
             "0.0, and each reading reports a ZeroDivisionError to sys.unraisablehook.")
-        .method<&UISlider::update>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
+        .method<&UIWidget::updateAs<UISlider>>("update", {{"mouseX"}, {"mouseY"}, {"isMouseLeftPressed"}},
             "Tracks the mouse over the slider and its buttons.")
-        .method<&UISlider::render>("render", clipParams, "Renders the slider")
+        .method<&UIWidget::renderAs<UISlider>>("render", clipParams, "Renders the slider")
         .method<&UISlider::handleClick>("_onClick", {{"event"}},
             "A click on a button at the end changes the value by 10.\n@return(bool) whether the slider took the click")
         .method<&UISlider::onDragStart>(

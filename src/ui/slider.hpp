@@ -24,8 +24,8 @@ struct UISlider : UIWidget {
     void setValue(int newValue);
     double readPercent() { return static_cast<double>(getPercent()); }
     void writePercent(double percent);
-    void update(int mouseX, int mouseY, bool isMouseLeftPressed);
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    void doUpdate(int mouseX, int mouseY, bool isMouseLeftPressed) override;
+    void doRender(const Clip& clip) override;
     bool handleClick(MouseClickEvent* event);
     void onDragStart(int mouseX, int mouseY);
     void onDrag(int mouseX, int mouseY, int diffX, int diffY);
@@ -44,6 +44,7 @@ private:
     const Axis& axis() const;
     const Names& names() const;
     Track track();
+    Look look() const;
     // A piece of the theme's slider, as it is when the mouse is not over it.
     Ref<> normalPiece(Name& name) const { return piece("slider"_name, name, "normal"_name); }
     int valueByName() const;

@@ -5,6 +5,8 @@
 
 namespace zv {
 
+static Name& fontName = "aileron"_name;
+
 void UIText::init(PyObject* newText, Ref<> newColor) {
     setTextByName(newText);
     color = std::move(newColor);
@@ -21,7 +23,12 @@ Ref<> UIText::getTextByName() const { return callByName(self(), "getText"_name);
 void UIText::setTextByName(PyObject* newText) { callByName(self(), "setText"_name, newText); }
 
 // Fetched anew at each use; any object that a script's theme hands out as a font.
-Ref<> UIText::font() const { return callByName(renderer->theme.raw(), "getFont"_name, std::string_view("aileron")); }
+Ref<> UIText::font() const {
+    Ref<UITheme> theme = renderer->theme;
+    Ref<Str> name = Ref<Str>::borrow(fontName.get());
+    if (theme && isNative(*theme)) return toPython(theme->getFont(name));
+    return callByName(theme.raw(), "getFont"_name, name);
+}
 
 // The number of an open font that measures and renders without any script's doing, else 0.
 static int64_t faceOf(const Ref<>& font) {
@@ -67,6 +74,22 @@ std::tuple<int, int> UIText::getRenderedTextSize() const {
     return measure(font(), lines, true);
 }
 
+// Whether a color is what it is for good.
+static bool isPlainColor(PyObject* color) {
+    if (!PyTuple_CheckExact(color)) return false;
+    for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(color); i++)
+        if (!PyLong_CheckExact(PyTuple_GET_ITEM(color, i))) return false;
+    return true;
+}
+
+Ref<Texture> UIText::shownPage() const {
+    Ref<UITheme> theme = renderer->theme;
+    Ref<> font = theme && isNative(*theme) ? plainItem(theme->fonts, fontName) : Ref<>();
+    int64_t face = font ? faceOf(font) : 0;
+    bool isShown = face != 0 && face == picture.face && picture.tuple && picture.tuple.raw() == color.raw();
+    return isShown ? picture.texture : Ref<Texture>();
+}
+
 Ref<Texture> UIText::rendered() {
     Ref<> used = font();
     Ref<> shownColor = color;
@@ -76,7 +99,10 @@ Ref<Texture> UIText::rendered() {
         size.face = picture.face = 0;  // a script's font gets hold of the lines, and may change them
         return Convert<Ref<Texture>>::from(callByName(used.raw(), "renderLines"_name, shownLines, shownColor).raw());
     }
+    if (face == picture.face && picture.tuple && picture.tuple.raw() == shownColor.raw()) return picture.texture;
     SDL_Color channels = textColor(shownColor.orNone());
+    // A script's color may set another text while it is read.
+    if (lines.raw() != shownLines.raw()) return native<Font>(used.raw())->renderPage(shownLines.orNone(), channels);
     SDL_Color& known = picture.color;
     if (face != picture.face || channels.r != known.r || channels.g != known.g || channels.b != known.b ||
         channels.a != known.a) {
@@ -84,11 +110,12 @@ Ref<Texture> UIText::rendered() {
         picture.face = face;
         known = channels;
     }
+    picture.tuple = isPlainColor(shownColor.orNone()) ? Ref<Tuple>::borrow(shownColor.raw()) : Ref<Tuple>();
     return picture.texture;
 }
 
-void UIText::render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight) {
-    std::optional<Canvas> canvas = beginRender({clipX, clipY, clipWidth, clipHeight});
+void UIText::doRender(const Clip& clip) {
+    std::optional<Canvas> canvas = beginRender(clip);
     if (!canvas) return;
     Ref<Texture> shown = rendered();
     canvas->cut();
@@ -106,7 +133,8 @@ void declareUIText(Module& module) {
             "Determines the size which is required for the text.\n"
             "Note that this only works if the widget is appended to a renderer.\n"
             "The widths of several lines are summed. Without a renderer the size is (0, 0).")
-        .method<&UIText::render>("render", clipParams, "Renders the text, cut off at the edges of the widget.")
+        .method<&UIWidget::renderAs<UIText>>(
+            "render", clipParams, "Renders the text, cut off at the edges of the widget.")
         .property<&UIText::getTextByName, &UIText::setTextByName>("text", "the text; the same as getText and setText")
         .property<&UIText::color>(
             "color", "color of the text, (r, g, b) or (r, g, b, a); None takes that of the theme when attached")

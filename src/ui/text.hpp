@@ -16,6 +16,7 @@ struct UIText : UIWidget {
         visit(lines);
         visit(color);
         visit(picture.texture);
+        visit(picture.tuple);
     }
 
     void setRenderer(const Ref<UIRenderer>& newRenderer) override;
@@ -27,7 +28,9 @@ struct UIText : UIWidget {
     Ref<> getTextByName() const;
     void setTextByName(PyObject* newText);
     std::tuple<int, int> getRenderedTextSize() const;
-    void render(Ref<> clipX, Ref<> clipY, Ref<> clipWidth, Ref<> clipHeight);
+    void doRender(const Clip& clip) override;
+    // What render() would show now; nothing if that has to be made first, or a script has a say in it.
+    Ref<Texture> shownPage() const;
 
 private:
     // What the text measures and looks like; kept while text, font and color stay the same.
@@ -38,6 +41,7 @@ private:
     struct {
         int64_t face = 0;
         SDL_Color color{};
+        Ref<Tuple> tuple;  // that told the color, if it always will
         Ref<Texture> texture;
     } picture;
 

@@ -38,4 +38,10 @@ void blitThreeSlice(
     blitAt(place + room, last);
 }
 
+void addThreeSlice(Look& look, const Ref<>& table, const Axis& along) {
+    const Axis& across = along.other();
+    look.addNumbers(table, along.startName, across.startName, along.firstName, across.lengthName, along.lastName);
+    if (look.addNumber(table, "middle"_name) == 0) look.isPlain = false;  // which raises
+}
+
 }  // namespace zv

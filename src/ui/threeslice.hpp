@@ -1,5 +1,6 @@
 // A picture of three pieces in a row that fills a bar of any length.
 #pragma once
+#include "gui/imprint.hpp"
 #include "ui/axis.hpp"
 
 namespace zv {
@@ -9,5 +10,8 @@ namespace zv {
 // first cap.
 void blitThreeSlice(
     const Canvas&, const Ref<Texture>& tileset, const Ref<>& table, const Axis& along, const UIWidget& bar);
+
+// Adds to a look what that depends on.
+void addThreeSlice(Look& look, const Ref<>& table, const Axis& along);
 
 }  // namespace zv
