@@ -11,6 +11,12 @@ struct Event : Object {
     void init() { isAlreadyHandled = false; }
 };
 
+// What lower layers know of the engine, beyond what they call by name.
+struct EventHub : Object {
+    // Whether firing an event of exactly this class may have any effect. If not, it need not even be made.
+    virtual bool isHeard(PyObject* eventType) const = 0;
+};
+
 struct KeyEvent : Event {
     int key = 0;
     bool isCtrlPressed = false, isAltPressed = false, isShiftPressed = false;

@@ -72,4 +72,21 @@ std::string Documented::text(const std::vector<Param>& params, const char* doc) 
     return text;
 }
 
+bool inherits(PyTypeObject* type, const PyTypeObject* base, Name& name) {
+    if (type->tp_getattro != PyObject_GenericGetAttr) return false;
+    for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(type->tp_mro); i++) {
+        auto* cls = reinterpret_cast<PyTypeObject*>(PyTuple_GET_ITEM(type->tp_mro, i));
+        if (cls == base) return true;
+        if (!cls->tp_dict || checked(PyDict_Contains(cls->tp_dict, name.get()))) return false;
+    }
+    return false;
+}
+
+bool isOverridden(PyObject* self, const PyTypeObject* base, Name& name, PyCFunction function) {
+    if (!inherits(Py_TYPE(self), base, name)) return true;
+    Ref<> found = getAttribute(self, name);
+    return !PyCFunction_Check(found.raw()) || PyCFunction_GET_SELF(found.raw()) != self ||
+        PyCFunction_GET_FUNCTION(found.raw()) != function;
+}
+
 }  // namespace zv

@@ -163,4 +163,16 @@ inline void setAttribute(PyObject* o, Name& name, PyObject* value) {
     checked(PyObject_SetAttr(o ? o : Py_None, name.get(), value ? value : Py_None));
 }
 
+// Whether objects of the class get an attribute from that native base. If so, looking it up runs no script.
+bool inherits(PyTypeObject* type, const PyTypeObject* base, Name& name);
+
+// Whether something else may run than the native function when the method is called by its name: a script has put it
+// into a class of its own, or into the object alone. To tell runs no script.
+bool isOverridden(PyObject* self, const PyTypeObject* base, Name& name, PyCFunction function);
+template <auto F> bool isOverridden(PyObject* self) {
+    const PyTypeObject* base = &typeOf<typename Callable<decltype(F)>::Class>;
+    if (Py_TYPE(self) == base) return false;
+    return isOverridden(self, base, signatureOf<F>.name, methodDef<F>(nullptr, nullptr).ml_meth);
+}
+
 }  // namespace zv

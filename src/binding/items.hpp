@@ -45,6 +45,17 @@ template <class T> T itemOr(PyObject* d, const char* key, T fallback) {
     return hasItem(d, key) ? Convert<T>::from(item(d, key).raw()) : fallback;
 }
 
+// Visits the items of a small dict that is keyed by classes: quicker than to look up several, and no script runs. False
+// if a key is something else, which may claim to equal a class by a `__eq__` of its own.
+template <class F> bool visitClasses(PyObject* d, F&& visit) {
+    Py_ssize_t position = 0, left = PyDict_GET_SIZE(d);  // saves the call that finds no more
+    for (PyObject *key, *value; left > 0 && PyDict_Next(d, &position, &key, &value); left--) {
+        if (!PyType_CheckExact(key)) return false;
+        visit(key, value);
+    }
+    return true;
+}
+
 // d[key] = value
 template <class T> void setItem(PyObject* d, PyObject* key, const T& value) {
     checked(PyObject_SetItem(orNone(d), orNone(key), toPython(value).raw()));

@@ -1,43 +1,55 @@
-// The bodies that movers may run into, with their components at hand.
+// The bodies that movers may run into, found by where they are.
 #pragma once
 #include "collision/collisionbodysystem.hpp"
+#include "collision/core/circlegrid.hpp"
 #include "resources/entity/basiccomponents.hpp"
 
 namespace zv {
 
-// Every mover looks at every body, and to look up its components takes longer than to tell that it is far away.
-// So they are fetched once, and serve all movers of an update. That holds as long as native code runs alone: a
-// script may change anything, components, bodies and the list of them. Each update, and each single mover that a
-// script moves, has a cache of its own, so that none is used across calls from scripts; and wherever an update
-// itself may run a script it says so by `forget`, the one place that makes it invalid.
+// Every mover looks at every body, in the order of the system's list. As long as native code runs alone, that comes to
+// the same as looking at those nearby, which a grid finds. But a script may change anything: components, bodies and the
+// list of them. So each update, and each single mover that a script moves, has a cache of its own, and wherever an
+// update itself may run a script it says so by `forget`.
 class BodyCache {
 public:
-    struct Body {
-        Ref<> entity;
-        Ref<PositionComponent> position;
-        Ref<CollisionComponent> collision;
-    };
-
     // The system is looked at anew each time: scripts can exchange it.
     explicit BodyCache(const Ref<CollisionBodySystem>& bodySystem) : system(bodySystem) {}
 
-    // All bodies, in the order of the system's list. A walk asks anew after everything that may run a script.
-    const std::vector<Body>& bodies() {
-        if (!isValid) fetch();
-        return known;
+    // The number of the next body that is worth a look, from this one on; `size()` or more if there is none. That is
+    // the very next one, whatever its place, if looking at some body may run a script or raise.
+    size_t next(size_t number, const Move& move, const CollisionComponent& mover);
+    size_t size() const { return static_cast<size_t>(PyList_GET_SIZE(list.raw())); }
+    Ref<> entity(size_t number) const {
+        return Ref<>::borrow(PyList_GET_ITEM(list.raw(), static_cast<Py_ssize_t>(number)));
     }
-    void forget() { isValid = false; }
-    // Entities of a script's own class answer by code of theirs, perhaps differently to every mover.
-    bool areNative() const { return allNative; }
+
+    void forget() { isFetched = false; }
+    // To be told of each vector that native code changes: it may be the position of some bodies.
+    void moved(const Vector2& vector) {
+        if (isFetched && isIndexed) place(vector);
+    }
+    // Bodies of a script's own class may answer differently to every mover.
+    void nextMover() {
+        if (!isIndexed) forget();
+    }
 
 private:
     void fetch();
+    bool index();
+    void place(const Vector2& vector);
+    bool mayAskScripts(const CollisionComponent& mover) const;
 
     const Ref<CollisionBodySystem>& system;
-    std::vector<Body> known;
-    bool isValid = false, allNative = true;
+    Ref<> list;
+    bool isFetched = false;
+    bool isIndexed = false;  // all of them in the following; else each has to be asked in its turn
+    CircleGrid grid;
+    std::vector<const Vector2*> positions;
+    HashChains byPosition;
+    bool areFlagsWords = true;
 };
 
-inline bool isNative(PyObject* entity) { return Py_TYPE(entity) == &typeOf<Entity>; }
+// Words are compared without running a script.
+bool areWords(const Ref<List>& flags);
 
 }  // namespace zv

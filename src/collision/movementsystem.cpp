@@ -1,5 +1,6 @@
 #include "collision/movementsystem.hpp"
 
+#include "core/numbers.hpp"
 #include "core/ray.hpp"
 #include "resources/entity/ecs.hpp"
 
@@ -33,20 +34,22 @@ void MovementSystem::setEcs(Ref<Ecs> newEcs) {
 }
 
 // A kick decays in a straight line, whatever its size.
-static void brake(Vector2& impulse, double loss) {
+static Point braked(Point impulse, double loss) {
     constexpr double standstill = 0.0001;
-    double speed = impulse.getLength();
-    if (!(speed > standstill)) return impulse.assign({0, 0});
+    double speed = length(impulse);
+    if (!(speed > standstill)) return {0, 0};
     Point braking = Point{impulse.x / speed, impulse.y / speed} * loss;
-    impulse.assign(length(braking) > speed ? Point{0, 0} : impulse.point() - braking);
+    return length(braking) > speed ? Point{0, 0} : impulse - braking;
 }
 
 void MovementSystem::update(double timeStep) {
-    // A subclass may run code of its own between two movers.
-    if (Py_TYPE(self()) != &typeOf<MovementSystem>) return AbstractSystem::update(timeStep);
     BodyCache cache(bodies);
     Ref<> walked = listCopy(entities);
-    forEach(walked.raw(), [&](PyObject* entity) { moveEntity(entity, timeStep, cache); });
+    forEach(walked.raw(), [&](PyObject* entity) {
+        if (!isOverridden<&MovementSystem::updateEntity>(self())) return moveEntity(entity, timeStep, cache);
+        callByName(self(), signatureOf<&MovementSystem::updateEntity>.name, entity, timeStep);
+        cache.forget();
+    });
 }
 
 void MovementSystem::updateEntity(PyObject* entity, double timeStep) {
@@ -55,40 +58,46 @@ void MovementSystem::updateEntity(PyObject* entity, double timeStep) {
 }
 
 void MovementSystem::moveEntity(PyObject* entity, double timeStep, BodyCache& cache) {
-    Ref<PositionComponent> position = componentOf<PositionComponent>(entity);
-    Ref<VelocityComponent> velocity = componentOf<VelocityComponent>(entity);
-    Ref<CollisionComponent> collision = componentOf<CollisionComponent>(entity);
-    if (!isNative(entity) || !cache.areNative()) cache.forget();
+    Ref<PositionComponent> position;
+    Ref<VelocityComponent> velocity;
+    Ref<CollisionComponent> collision;
+    if (!readKnown(entity, position, velocity, collision)) {
+        position = componentOf<PositionComponent>(entity);
+        velocity = componentOf<VelocityComponent>(entity);
+        collision = componentOf<CollisionComponent>(entity);
+        cache.forget();
+    }
+    cache.nextMover();
     Vector2& impulse = *velocity->impulse;
-    brake(impulse, timeStep * std::fabs(velocity->friction));
-    Point movement = (velocity->velocity->point() + impulse.point()) * timeStep;
+    Point kick = braked(impulse.point(), timeStep * std::fabs(velocity->friction));
+    impulse.assign(kick);
+    cache.moved(impulse);
+    Point movement = (velocity->velocity->point() + kick) * timeStep;
     if (collision) return moveWithCollisionDetection(entity, *position, *collision, movement, cache);
     Ref<Vector2> pos = position->pos;
-    call<&Vector2::add>(*pos, *makeVector(movement));
-    if (Py_TYPE(pos.raw()) != &typeOf<Vector2>) cache.forget();
+    if (Py_TYPE(pos->self()) == &typeOf<Vector2>) {
+        pos->assign(pos->point() + movement);
+        cache.moved(*pos);
+    } else {
+        call<&Vector2::add>(*pos, *makeVector(movement));
+        cache.forget();
+    }
 }
 
 void MovementSystem::moveWithCollisionDetection(
     PyObject* entity, PositionComponent& position, CollisionComponent& collision, Point movement, BodyCache& cache) {
-    Point from = position.pos->point();
-    Move move{from, movement, from + movement, collision.radius};
+    Move move{movement, position.pos->point() + movement, collision.radius};
     pushOutOfBodies(entity, move, position, collision, cache);
     pushOffWalls(entity, move, position, collision, cache);
-    position.pos->assign(move.target);
-}
-
-// Words are compared without running a script.
-static bool areWords(PyObject* flags) {
-    if (!PyList_CheckExact(flags)) return false;
-    for (Py_ssize_t i = 0; i < PyList_GET_SIZE(flags); i++)
-        if (!PyUnicode_CheckExact(PyList_GET_ITEM(flags, i))) return false;
-    return true;
+    Vector2& pos = *position.pos;
+    pos.assign(move.target);
+    cache.moved(pos);
 }
 
 // One way: the mover's ignored flags are looked up in the other body.
 static bool isIgnored(Ref<List> ignoreFlags, Ref<List> otherFlags, BodyCache& cache) {
     if (!otherFlags) return false;
-    bool runsScripts = !areWords(ignoreFlags.raw()) || !areWords(otherFlags.raw());
+    bool runsScripts = !areWords(ignoreFlags) || !areWords(otherFlags);
     bool found = false;
     forEach(ignoreFlags.raw(), [&](PyObject* flag) { found = found || contains(otherFlags.raw(), flag); });
     if (runsScripts) cache.forget();
@@ -97,24 +106,34 @@ static bool isIgnored(Ref<List> ignoreFlags, Ref<List> otherFlags, BodyCache& ca
 
 void MovementSystem::pushOutOfBodies(
     PyObject* entity, Move& move, PositionComponent& position, CollisionComponent& collision, BodyCache& cache) {
-    auto lookAgain = [&] {  // scripts may have moved the mover, too
-        move.from = position.pos->point();
-        move.radius = collision.radius;
+    auto next = [&](size_t number) {
+        move.radius = collision.radius;  // scripts may have changed it
+        return cache.next(number, move, collision);
     };
-    for (size_t i = 0; i < cache.bodies().size(); i++) {
-        const BodyCache::Body& known = cache.bodies()[i];
-        if (known.collision.get() == &collision) continue;
-        // Most bodies are far away; flags come before that only if there are any.
+    for (size_t number = next(0); number < cache.size(); number = next(number + 1)) {
+        Ref<> other = cache.entity(number);
+        Ref<CollisionComponent> otherCollision = componentOf<CollisionComponent>(other.raw());
+        if (otherCollision.get() == &collision) continue;
         bool ignores = collision.ignoreFlags && PyList_GET_SIZE(collision.ignoreFlags.raw()) > 0;
-        if (!ignores && !move.overlaps(known.position->pos->point(), known.collision->radius)) continue;
-        BodyCache::Body other = known;
-        if (ignores && isIgnored(collision.ignoreFlags, other.collision->hasFlags, cache)) continue;
-        lookAgain();
-        if (!move.overlaps(other.position->pos->point(), other.collision->radius)) continue;
-        if (!other.collision->isOnlyTrigger) move.pushOutOf(other.position->pos->point(), other.collision->radius);
-        fireCollision(entity, other.entity.raw(), cache);
-        lookAgain();
+        if (ignores && isIgnored(collision.ignoreFlags, otherCollision->hasFlags, cache)) continue;
+        Ref<PositionComponent> otherPosition = componentOf<PositionComponent>(other.raw());
+        move.radius = collision.radius;
+        Point center = otherPosition->pos->point();
+        if (!move.overlaps(center, otherCollision->radius)) continue;
+        if (!otherCollision->isOnlyTrigger) move.pushOutOf(center, otherCollision->radius, position.pos->point());
+        fireCollision(entity, other.raw(), cache);
     }
+}
+
+// Whether all cells that a circle touches are empty.
+static bool isClear(const Grid& grid, Point center, double radius) {
+    double reach = radius + 0.01;  // more than any rounding
+    int left = std::max(truncate(center.x - reach), 0), right = std::min(truncate(center.x + reach), grid.width - 1);
+    int top = std::max(truncate(center.y - reach), 0), bottom = std::min(truncate(center.y + reach), grid.height - 1);
+    for (int y = top; y <= bottom; y++)
+        for (int x = left; x <= right; x++)
+            if (grid.cell(x, y)[cellBlock] != blockEmpty) return false;
+    return true;
 }
 
 // Eight rays look for walls from where the mover came. A push goes along its ray, so that what is parallel to
@@ -124,11 +143,14 @@ void MovementSystem::pushOffWalls(
     constexpr double s = diagonalUnit;
     static constexpr Point directions[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}, {s, s}, {-s, -s}, {-s, s}, {s, -s}};
     Point origin = position.pos->point();
+    // Mostly no wall is near. To be sure of it for a large body would take more than its rays.
+    if (Ref<Level> walls = level; walls && collision.radius < 2 && isClear(walls->grid(), origin, collision.radius))
+        return;
     RayHit hit;
     for (Point dir : directions) {
         Ref<Level> walls = level;
         if (!walls) return;
-        traceGridRay(walls->grid(), origin, dir, hit);
+        traceGridRay(walls->grid(), origin, dir, hit, collision.radius);
         if (hit.outOfBounds || !(hit.dist < collision.radius)) continue;
         double depth = collision.radius - length(hit.pos - position.pos->point());  // from where a handler put it
         move.target = move.target - dir * depth;
@@ -139,6 +161,9 @@ void MovementSystem::pushOffWalls(
 void MovementSystem::fireCollision(PyObject* entity, PyObject* other, BodyCache& cache) {
     Ref<Engine> listening = engine;
     if (!listening) return;
+    checkType<Entity>(entity);  // no event tells of others, heard or not
+    if (other) checkType<Entity>(other);
+    if (!native<EventHub>(listening.raw())->isHeard(classOf<CollisionEvent>())) return;
     callByName(listening.raw(), "fireEvent"_name, make<CollisionEvent>(entity, other));
     cache.forget();
 }

@@ -93,7 +93,7 @@ bool entersOpenHalf(int block, bool vertical, Point dir) {
 
 }  // namespace
 
-void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
+void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit, double reach) {
     Point given = dir;
     if (dir.x == 0) dir.x = 1e-14;
     if (dir.y == 0) dir.y = 1e-14;
@@ -113,12 +113,14 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit) {
         return Point{(nextY - pos.y) / dir.y * dir.x + pos.x, static_cast<double>(nextY)};
     };
     Point crossX = verticalCrossing(), crossY = horizontalCrossing();
+    double farthest =
+        reach + 2.5;  // a hypotenuse may be nearer than the crossing that leads to its cell, but not by more
     double distX = length(crossX - pos), distY = length(crossY - pos);
     while (!hit.outOfBounds) {
         bool vertical = distY > distX;
         Point point = vertical ? crossX : crossY;
         int cx = truncate(point.x) - (vertical && dir.x < 0), cy = truncate(point.y) - (!vertical && dir.y < 0);
-        hit.outOfBounds = !grid.contains(cx, cy);
+        hit.outOfBounds = (vertical ? distX : distY) > farthest || !grid.contains(cx, cy);
         int block = blockEmpty;
         if (!hit.outOfBounds) block = grid.cell(cx, cy)[cellBlock];
         if (block != blockEmpty) {

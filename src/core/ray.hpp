@@ -3,6 +3,8 @@
 #include "core/grid.hpp"
 #include "core/point.hpp"
 
+#include <limits>
+
 namespace zv {
 
 struct RayHit {
@@ -23,6 +25,8 @@ inline constexpr double diagonalUnit = 0.707107;
 
 // Of `hit`, only outOfBounds is reset; the rest is written when something was hit. A zero component of
 // `dir` is replaced by 1e-14, which the caller sees. A start outside the grid is out of bounds.
-void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit);
+// What is farther than `reach` may be missed.
+void traceGridRay(
+    const Grid& grid, Point pos, Point& dir, RayHit& hit, double reach = std::numeric_limits<double>::infinity());
 
 }  // namespace zv

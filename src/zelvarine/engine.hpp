@@ -1,13 +1,14 @@
 // The engine: window, frame loop, input, events, tasks.
 #pragma once
 #include "core/image.hpp"
+#include "events.hpp"
 #include "resources/entity/ecs.hpp"
 #include "sdl/handles.hpp"
 #include "sdl/shutdown.hpp"
 
 namespace zv {
 
-struct Engine : Object {
+struct Engine : EventHub {
     Ref<Ecs> ecs = make<Ecs>();
 
     Engine() { ecs->engine = Ref<Engine>::to(*this); }
@@ -29,6 +30,7 @@ struct Engine : Object {
     void subscribeEvent(PyObject* eventType, PyObject* eventHandler);
     void unsubscribeEvent(PyObject* eventType, PyObject* eventHandler);
     void fireEvent(PyObject* event, PyObject* eventType);
+    bool isHeard(PyObject* eventType) const override;
     std::string getKeyName(int keycode) const;
     int isKeyPressed(int keycode) const;
     bool isMouseButtonPressed(int button) const;

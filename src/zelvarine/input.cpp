@@ -31,6 +31,18 @@ void Engine::fireEvent(PyObject* event, PyObject* eventType) {
     if (handlers) forEach(handlers.raw(), [&](PyObject* handler) { callFunction(handler, event); });
 }
 
+// Where looking may run a script, the answer is yes.
+bool Engine::isHeard(PyObject* eventType) const {
+    Name& attribute = "_eventSubscribers"_name;
+    if (isOverridden<&Engine::fireEvent>(self()) || !inherits(Py_TYPE(self()), &typeOf<Engine>, attribute)) return true;
+    Ref<> subscribers = getAttribute(self(), attribute);
+    bool isSilent = true;
+    auto listen = [&](PyObject* type, PyObject* handlers) {
+        if (type == eventType) isSilent = PyList_CheckExact(handlers) && PyList_GET_SIZE(handlers) == 0;
+    };
+    return !PyDict_CheckExact(subscribers.raw()) || !visitClasses(subscribers.raw(), listen) || !isSilent;
+}
+
 void Engine::fire(PyObject* event) { callByName(self(), signatureOf<&Engine::fireEvent>.name, event); }
 
 // Gives every handler an event of its own, so that none sees what another one noted in it.

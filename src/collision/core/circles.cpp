@@ -29,7 +29,7 @@ std::optional<Point> closestLineCircleIntersection(Point center, float radius, P
     return {};
 }
 
-void Move::pushOutOf(Point center, double bodyRadius) {
+void Move::pushOutOf(Point center, double bodyRadius, Point from) {
     Point diff = center - target;
     double distance = length(diff), gap = gapTo(center, bodyRadius);
     if (distance != 0.0) diff = {diff.x / distance, diff.y / distance};

@@ -9,10 +9,12 @@ static PyObject* typeOfObject(PyObject* o) { return reinterpret_cast<PyObject*>(
 void Entity::init(PyObject* newId, Args newComponents) {
     if (newId && Py_TYPE(newId) != &PyLong_Type) raise(PyExc_ValueError, "Entity ID must be int");
     setId(newId ? Convert<int64_t>::from(newId) : noId);
-    Ref<Dict> byType = Ref<Dict>::steal(PyDict_New());
-    for (Py_ssize_t i = 0; i < newComponents.size; i++)
-        checked(PyDict_SetItem(byType.raw(), typeOfObject(newComponents.items[i]), newComponents.items[i]));
-    components = std::move(byType);
+    {
+        ComponentTable table;
+        for (Py_ssize_t i = 0; i < newComponents.size; i++)
+            table.set(typeOfObject(newComponents.items[i]), newComponents.items[i]);
+        std::swap(components, table);
+    }
     ecs = {};
 }
 
@@ -26,38 +28,33 @@ void Entity::membershipChanged() {
 }
 
 void Entity::addComponent(PyObject* component) {
-    Ref<Dict> held = components;  // comparing keys may run a script that replaces the field
-    if (contains(held.raw(), typeOfObject(component))) return;
-    setItem(held.raw(), typeOfObject(component), component);
-    membershipChanged();
+    if (components.add(typeOfObject(component), component)) membershipChanged();
 }
 
 void Entity::removeComponent(PyObject* component) { removeComponentType(typeOfObject(component)); }
 
 void Entity::removeComponentType(PyObject* componentType) {
-    Ref<Dict> held = components;
-    if (!contains(held.raw(), componentType)) return;
-    deleteItem(held.raw(), componentType);
-    membershipChanged();
+    if (components.remove(componentType)) membershipChanged();
 }
 
-Ref<> Entity::getComponent(PyObject* componentType) const {
-    Ref<Dict> held = components;
-    if (!held) return {};
-    PyObject* found = PyDict_GetItemWithError(held.raw(), componentType);
-    if (!found && PyErr_Occurred()) throw PythonError{};
-    return Ref<>::borrow(found);
-}
+Ref<> Entity::getComponent(PyObject* componentType) { return components.get(componentType); }
+Ref<> Entity::getComponents() { return callByName(components.asDict().raw(), "values"_name); }
 
-Ref<> Entity::getComponents() const { return callByName(components.raw(), "values"_name); }
+// The table of an entity whose `_components` no script has overridden.
+static ComponentTable* tableOf(PyObject* entity) {
+    bool isOwn = inherits(Py_TYPE(entity), &typeOf<Entity>, "_components"_name);
+    return isOwn ? &native<Entity>(entity)->components : nullptr;
+}
 
 bool hasComponents(PyObject* entity, PyObject* componentTypes) {
     Ref<> types = Ref<>::steal(PySequence_Tuple(componentTypes));
-    if (PyTuple_GET_SIZE(types.raw()) == 0) return true;
+    PyObject **first = &PyTuple_GET_ITEM(types.raw(), 0), **last = first + PyTuple_GET_SIZE(types.raw());
+    if (first == last) return true;
+    ComponentTable* table = tableOf(entity);
+    if (table && std::all_of(first, last, [&](PyObject* type) { return table->isPlain(type); }))
+        return std::all_of(first, last, [&](PyObject* type) { return table->find(type); });
     Ref<> components = getAttribute(entity, "_components"_name);
-    for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(types.raw()); i++)
-        if (!contains(components.raw(), PyTuple_GET_ITEM(types.raw(), i))) return false;
-    return true;
+    return std::all_of(first, last, [&](PyObject* type) { return contains(components.raw(), type); });
 }
 
 void declareEntity(Module& module) {

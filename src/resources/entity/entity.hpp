@@ -1,7 +1,7 @@
 // A bag of components, keyed by their exact type.
 #pragma once
 #include "binding/class.hpp"
-#include "binding/module.hpp"
+#include "resources/entity/componenttable.hpp"
 
 namespace zv {
 
@@ -12,12 +12,12 @@ struct Entity : Object {
     // How many times an entity has exchanged its id for another one.
     inline static uint64_t renamings = 0;
 
-    Ref<Dict> components = Ref<Dict>::steal(PyDict_New());
+    ComponentTable components;
     Ref<Ecs> ecs;
     int64_t id = noId;
 
     void eachRef(RefVisitor& visit) override {
-        visit(components);
+        components.eachRef(visit);
         visit(ecs);
     }
 
@@ -25,8 +25,8 @@ struct Entity : Object {
     void addComponent(PyObject* component);
     void removeComponent(PyObject* component);
     void removeComponentType(PyObject* componentType);
-    Ref<> getComponent(PyObject* componentType) const;
-    Ref<> getComponents() const;
+    Ref<> getComponent(PyObject* componentType);
+    Ref<> getComponents();
     int64_t getId() const { return id; }
     void setId(int64_t newId);
 
@@ -40,6 +40,20 @@ template <class T> Ref<T> componentOf(PyObject* entity) {
     Ref<> found = Py_TYPE(entity) == &typeOf<Entity> ? native<Entity>(entity)->getComponent(type)
                                                      : callByName(entity, "getComponent"_name, type);
     return found ? Convert<Ref<T>>::from(found.raw()) : Ref<T>();
+}
+
+// The same for several classes at once, as far as no script has to be asked; false if one has to be.
+template <class... T> bool readKnown(PyObject* entity, Ref<T>&... components) {
+    if (isOverridden<&Entity::getComponent>(entity)) return false;
+    bool fit = true;
+    auto take = [&]<class C>(Ref<C>& place, PyObject* type, PyObject* component) {
+        if (type != classOf<C>()) return;
+        if (PyObject_TypeCheck(component, &typeOf<C>)) place = Ref<C>::borrow(component);
+        else fit = false;  // something else that a script has put under this class
+    };
+    return native<Entity>(entity)->components.visit(
+               [&](PyObject* type, PyObject* component) { (take(components, type, component), ...); }) &&
+        fit;
 }
 
 // Whether the entity has a component of each of the given types.
