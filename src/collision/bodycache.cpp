@@ -22,9 +22,10 @@ bool BodyCache::index() {
     byPosition.reset(size());
     areFlagsWords = true;
     for (size_t number = 0; number < size(); number++) {
+        Ref<> body = entity(number);
         Ref<PositionComponent> position;
         Ref<CollisionComponent> collision;
-        if (!readKnown(PyList_GET_ITEM(list.raw(), static_cast<Py_ssize_t>(number)), position, collision)) return false;
+        if (!readKnown(body.raw(), position, collision)) return false;
         if (!position || !position->pos || !collision) return false;
         const Vector2* pos = position->pos.get();
         grid.add({pos->point(), collision->radius, collision.get()});

@@ -37,22 +37,28 @@ void CircleGrid::place(size_t number, Point center) {
     cells.insert(entered, number);
 }
 
-size_t CircleGrid::nextOverlapped(size_t number, const Move& mover, const void* owner) const {
+size_t CircleGrid::nextOverlapped(size_t number, const Move& mover, const void* owner) {
+    if (number == 0) looks = 0;
     size_t found = circles.size();
     auto consider = [&](size_t n) {
+        looks++;
         const Circle& c = circles[n];
         if (n >= number && n < found && c.owner != owner && mover.overlaps(c.center, c.radius)) found = n;
     };
+    auto considerAll = [&] {
+        for (size_t n = number; n < found; n++) consider(n);
+        return found;
+    };
+    // Who runs into most of the others does not search through them again and again.
+    if (looks > circles.size()) return considerAll();
     for (size_t n : large) consider(n);
 
     double reach = (mover.radius + largestInCells) * (1 + 1e-9) + 1e-9;  // rounding must not lose one
     int64_t left = cellOf(mover.target.x - reach), right = cellOf(mover.target.x + reach);
     int64_t top = cellOf(mover.target.y - reach), bottom = cellOf(mover.target.y + reach);
     auto limit = static_cast<int64_t>(circles.size());
-    if (right - left >= limit || bottom - top >= limit || (right - left) * (bottom - top) >= limit) {
-        for (size_t n = number; n < found; n++) consider(n);
-        return found;
-    }
+    if (right - left >= limit || bottom - top >= limit || (right - left) * (bottom - top) >= limit)
+        return considerAll();
     for (int64_t y = top; y <= bottom; y++)
         for (int64_t x = left; x <= right; x++) cells.visit(keyOf(x, y), consider);
     return found;

@@ -18,13 +18,15 @@ public:
     void add(const Circle& circle);
     void place(size_t number, Point center);
     // The first circle from this number on that a mover overlaps at its target; the number of circles if there is none.
-    size_t nextOverlapped(size_t number, const Move& mover, const void* owner) const;
+    // A mover begins with 0.
+    size_t nextOverlapped(size_t number, const Move& mover, const void* owner);
 
 private:
     std::vector<Circle> circles;
     HashChains cells;           // by the cell of the center
     double largestInCells = 0;  // radius
-    std::vector<size_t> large;  // circles that would make every search wide; these are in no cell
+    std::vector<size_t> large;  // circles that would make every search wide; they are in no cell
+    size_t looks = 0;           // at circles, by the mover of the last search
 };
 
 }  // namespace zv
