@@ -58,11 +58,11 @@ def test_keys_and_messages(tmp_path, monkeypatch):
 def test_folder_for_saved_games(monkeypatch):
     monkeypatch.syspath_prepend(str(EXAMPLES))
     from shared import places
-    for platform, value, folder in (("linux", "/data", "/data"), ("linux", "data", "/me/.local/share"),
-                                    ("darwin", "/data", "/me/Library/Application Support"), ("win32", "/data", "/data")):
+    for platform, value, base in (("linux", "/data", "/data"), ("linux", "data", "/me/.local/share"),
+                                  ("darwin", "/data", "/me/Library/Application Support"), ("win32", "/data", "/data")):
         monkeypatch.setattr("sys.platform", platform)
         monkeypatch.setattr("os.environ", {"HOME": "/me", "XDG_DATA_HOME": value, "APPDATA": value})
-        assert places.data_folder("abbey") == folder + "/abbey"
+        assert places.data_folder("abbey") == base + "/abbey"
 
 
 def test_gallery_answers_the_mouse(tmp_path):
