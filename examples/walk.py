@@ -10,17 +10,8 @@ import os
 import sys
 import tempfile
 
+from abbey.keys import KEYS
 from shared import display, places
-
-KEYS = """
-keys:
-  W A S D, arrows   walk, step aside, turn        Shift   run
-  mouse             look around                   M       let the mouse go, or catch it
-  click             tell what is there            F       flashlight
-  F5, F9            save the game, load it        F11     fullscreen
-  F12               save a screenshot             Escape  menu
-A gamepad's sticks walk and turn, too.
-"""
 
 
 def main():
@@ -39,8 +30,9 @@ def main():
     engine = PuppetEngine() if options.headless else Engine()
     # The scripted walk saves, too, and leaves your games alone.
     with tempfile.TemporaryDirectory() as elsewhere:
-        saved = os.path.join(elsewhere, "saved.lvl") if options.headless else places.saved_game()
-        files = Files(options.level, options.save or saved, options.pictures)
+        folder = elsewhere if options.headless else places.data_folder("zelvarine-abbey")
+        quick_save = options.save or os.path.join(folder, "quick-save.lvl")
+        files = Files(options.level, quick_save, options.pictures)
         try:
             game = Game(engine, load_theme(options.font), files, options.size)
         except (FontNotFound,) + LEVEL_ERRORS as error:
@@ -56,7 +48,7 @@ def main():
 
 
 def parse_options():
-    parser = argparse.ArgumentParser(description=__doc__, epilog=KEYS,
+    parser = argparse.ArgumentParser(description=__doc__, epilog=key_help(),
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--level", default=places.LEVEL, help="level file to walk through")
     parser.add_argument("--size", type=size, default=(640, 400), metavar="WxH", help="size of the picture (640x400)")
@@ -68,8 +60,14 @@ def parse_options():
     parser.add_argument("--pictures", metavar="FOLDER", default=places.picture_folder("walk-pictures"),
                         help="where the scripted walk saves its pictures, and F12 its screenshots")
     parser.add_argument("--font", metavar="FILE", help="TrueType font to use")
-    parser.add_argument("--save", metavar="FILE", help="where F5 saves the game, and F9 finds it")
+    parser.add_argument("--save", metavar="FILE", help="where F5 saves the game, and F9 finds it, and the menu's "
+                        "games beside it (quick-save.lvl in the folder for your data)")
     return parser.parse_args()
+
+
+def key_help():
+    keys = ["  %-8s  %s" % pair for pair in KEYS]
+    return "keys:\n%s\nThe arrow keys and a gamepad's sticks walk and turn, too." % "\n".join(keys)
 
 
 def size(text):

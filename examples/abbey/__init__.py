@@ -1,1 +1,1 @@
-"""The demo game: each module is one of its systems or handlers, and game.py puts them together."""
+"""The demo game: each module is one part of it, and game.py puts them together."""

@@ -1,24 +1,21 @@
 """Listening to what the player runs into."""
 
-from zelvarine import AbstractSystem, CollisionComponent, CollisionEvent
+from zelvarine import CollisionComponent, CollisionEvent
+
+from .listening import Listener
 
 
-class CollisionListener(AbstractSystem):
+class CollisionListener(Listener):
     """The base of systems that want to know whom the player meets. Derived classes have a method meet(other, flags)."""
 
     def __init__(self, player):
-        super().__init__()
+        super().__init__(CollisionEvent)
         self.player = player
 
-    def _setEngine(self, engine):
-        """Listens to the engine that the system joins, and no longer to the one that it leaves."""
-        if self.getEngine() is not None:
-            self.getEngine().unsubscribeEvent(CollisionEvent, self._on_collision)
-        super()._setEngine(engine)
-        if engine is not None:
-            engine.subscribeEvent(CollisionEvent, self._on_collision)
+    def meet(self, other, flags):
+        raise NotImplementedError
 
-    def _on_collision(self, event):
+    def hear(self, event):
         pair = [event.entity1, event.entity2]
         if self.player in pair and None not in pair:
             pair.remove(self.player)

@@ -1,7 +1,7 @@
 """Keyboard, mouse and gamepad, turned into where the player walks and looks."""
 
-from zelvarine import (AbstractSystem, KEY_A, KEY_D, KEY_DOWN, KEY_LEFT, KEY_LSHIFT, KEY_RIGHT, KEY_S, KEY_UP, KEY_W,
-                       RotationComponent, Vector2, VelocityComponent)
+from zelvarine import (AbstractSystem, KEY_A, KEY_D, KEY_DOWN, KEY_LEFT, KEY_LSHIFT, KEY_RIGHT, KEY_RSHIFT, KEY_S,
+                       KEY_UP, KEY_W, RotationComponent, Vector2, VelocityComponent)
 
 from .gamepad import Gamepad
 
@@ -41,7 +41,7 @@ class Controls(AbstractSystem):
         way = Vector2(ahead.x * forward - ahead.y * aside, ahead.y * forward + ahead.x * aside)
         if way.length > 1:
             way.normalize()  # so that walking slantwise is not faster
-        way.scale(RUN if self.getEngine().isKeyPressed(KEY_LSHIFT) else WALK)
+        way.scale(RUN if self._keys([], [KEY_LSHIFT, KEY_RSHIFT]) else WALK)
         self._velocity.set(way)
 
     def _keys(self, lower, higher):

@@ -1,15 +1,13 @@
-"""The display over the view: health, gems, compass, and a line of text."""
+"""The display over the view: health, gems, compass and crosshair."""
 
 import os
 
-from zelvarine import (ANCHOR_BOTTOM, ANCHOR_CENTER, ANCHOR_RIGHT, AbstractSystem, RotationComponent,
-                       Texture, UIAnchoredContainer, UIImage)
+from zelvarine import (ANCHOR_CENTER, ANCHOR_RIGHT, AbstractSystem, RotationComponent, Texture, UIAnchoredContainer,
+                       UIImage)
 
-from shared.parts import panel, spaced, text
+from shared.parts import text
 from shared.places import ASSETS
 
-KEYS = "Esc: menu   F: lamp   M: mouse   F5: save   F9: load"
-READING_TIME = 4.0  # seconds for which a message stays
 MARGIN = 14
 RIM = 4  # of the health bar's frame
 DIRECTIONS, GEM_VIEWS = 32, 8  # pictures in the sheets
@@ -23,33 +21,28 @@ class Hud(AbstractSystem):
         frame = UIImage(_load("widgets", "health_frame.png"))
         self._longest_bar = frame.width - 2 * RIM
         self._bar = UIImage(_load("widgets", "health.png"), self._longest_bar)
+        counter = UIImage(_load("widgets", "counter_frame.png"))
         gem = UIImage(_cut(_load("sprites", "gem.png"), GEM_VIEWS)[0], 24, 24)
         self._gems = text("")
-        self._line = text(KEYS)
-        self._message_time = 0.0
+        self._crosshair = UIImage(_load("widgets", "crosshair.png"))
         self.widget = UIAnchoredContainer()
-        for child, x, y in ((frame, 0, 0), (self._bar, RIM, RIM), (gem, 0, 24), (self._gems, 28, 27)):
+        for child, x, y in ((frame, 0, 0), (self._bar, RIM, RIM), (counter, 0, 24), (gem, 7, 27),
+                            (self._gems, 36, 31)):
             self.widget.addChild(child, MARGIN + x, MARGIN + y)
         self.widget.addChild(self._compass, MARGIN, MARGIN, ANCHOR_RIGHT)
-        self.widget.addChild(spaced(panel(self._line), 0), 0, 6, ANCHOR_CENTER, ANCHOR_BOTTOM)
+        self.widget.addChild(self._crosshair, 0, 0, ANCHOR_CENTER, ANCHOR_CENTER)
 
     def follow(self, world):
         self._health = world.health
         self._treasure = world.treasure
         self._facing = world.player.getComponent(RotationComponent).dir
 
-    def say(self, words):
-        self._line.text = words
-        self._message_time = READING_TIME
-
     def update(self, timeStep):
-        self._message_time -= timeStep
-        if self._message_time <= 0:
-            self._line.text = KEYS
         self._bar.width = int(round(self._longest_bar * max(0.0, self._health.value)))
         self._gems.text = "%d of %d" % (self._treasure.found, self._treasure.total)
         east_of_north = self._facing.getDegrees() + 90
         self._compass.texture = self._compass_views[int(round(east_of_north / 360 * DIRECTIONS)) % DIRECTIONS]
+        self._crosshair.isVisible = self.getEngine().isMouseCaptured()
 
 
 def _load(*path):

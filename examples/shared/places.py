@@ -1,6 +1,7 @@
 """Where things lie on the disk."""
 
 import os
+import sys
 import tempfile
 
 EXAMPLES = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
@@ -15,5 +16,15 @@ def picture_folder(name):
     return os.path.join(build if os.path.isdir(build) else tempfile.gettempdir(), name)
 
 
-def saved_game():
-    return os.path.join(tempfile.gettempdir(), "zelvarine-walk.lvl")
+def data_folder(name):
+    """The folder for what a program keeps for its user, like saved games. It may not be there yet."""
+    home = os.path.expanduser("~")
+    if sys.platform == "win32":
+        base = os.environ.get("APPDATA") or os.path.join(home, "AppData", "Roaming")
+    elif sys.platform == "darwin":
+        base = os.path.join(home, "Library", "Application Support")
+    else:
+        base = os.environ.get("XDG_DATA_HOME", "")
+        if not os.path.isabs(base):  # not set, or not to be heeded
+            base = os.path.join(home, ".local", "share")
+    return os.path.join(base, name)

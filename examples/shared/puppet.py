@@ -1,10 +1,10 @@
-"""A mouse that a script holds, to play with widgets where nobody sits at the screen."""
+"""A keyboard and a mouse that a script holds, to play where nobody sits at the screen."""
 
-from zelvarine import Engine, MOUSE_LEFT, MouseClickEvent, MouseWheelEvent
+from zelvarine import Engine, KeyEvent, MOUSE_LEFT, MouseClickEvent, MouseWheelEvent
 
 
 class PuppetEngine(Engine):
-    """An engine whose mouse does what the methods below tell. Each of them runs the frames that it needs."""
+    """An engine whose keys and mouse do what the methods below tell. Each of them runs the frames that it needs."""
 
     def __init__(self):
         super().__init__()
@@ -16,6 +16,11 @@ class PuppetEngine(Engine):
 
     def isMouseButtonPressed(self, button):
         return self._held and button == MOUSE_LEFT
+
+    def press(self, *keys):
+        for key in keys:
+            self.fireEvent(KeyEvent(key, False, False, False))
+            self.update()
 
     def move(self, x, y):
         self._mouse = (x, y)

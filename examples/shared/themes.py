@@ -19,9 +19,9 @@ def load_theme(font_file=None):
     with open(places.THEME) as file:
         theme = json.load(file)
     theme["tileset"] = os.path.join(os.path.dirname(places.THEME), theme["tileset"])
-    fonts = None if font_file else Fonts()
+    find = Fonts().find if font_file is None else lambda name: os.path.abspath(font_file)
     for font in theme["fonts"].values():
-        font["file"] = os.path.abspath(font_file) if font_file else fonts.find(font["file"])
+        font["file"] = find(font["file"])
     with tempfile.TemporaryDirectory() as folder:
         path = os.path.join(folder, "theme.json")
         with open(path, "w") as file:

@@ -47,7 +47,7 @@ def pictures():
     yield "sky.png", lambda: sky.dusk(seed("sky"))
     yield "flashlight.png", sky.flashlight
     yield "widgets/tileset.png", tileset.tileset
-    for draw in (hud.health, hud.health_frame, hud.compass):
+    for draw in (hud.health, hud.health_frame, hud.counter_frame, hud.compass, hud.crosshair):
         yield "widgets/%s.png" % draw.__name__, draw
 
 

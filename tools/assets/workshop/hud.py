@@ -1,4 +1,4 @@
-"""Pictures of the head-up display: the health bar and the compass."""
+"""Pictures of the head-up display: the health bar, the counter's frame, the compass and the crosshair."""
 
 import numpy as np
 
@@ -10,20 +10,23 @@ RIM = 4  # how thick the health bar's frame is
 BLOOD = ["3a0808", "7c1414", "b82a22", "e0564a"]
 OUTLINE = (18, 16, 20)
 
+COUNTER_WIDTH, COUNTER_HEIGHT = 96, 30
+
 COMPASS = 56  # diameter
 DIRECTIONS = 32
 FINER = 4  # samples to a pixel, across and down
 
+ARM, GAP = 8, 3  # of the crosshair: how far it reaches, and how much is left open around what one looks at
+IVORY = (244, 236, 214)
+
 
 def health_frame():
-    y, x = np.mgrid[0:BAR_HEIGHT, 0:BAR_WIDTH]
-    depth = np.min([y, x, BAR_HEIGHT - 1 - y, BAR_WIDTH - 1 - x], axis=0)
-    lit = np.minimum(y, x) <= np.minimum(BAR_HEIGHT - 1 - y, BAR_WIDTH - 1 - x)
-    colors = over(np.zeros((BAR_HEIGHT, BAR_WIDTH, 3)), OUTLINE, depth < BAR_HEIGHT)
-    colors = over(colors, paint(np.where(lit, 0.85, 0.4), BRASS), (depth == 1) | (depth == 2))
-    alpha = np.where(depth < RIM, 255, 150)
-    alpha[np.ix_([0, -1], [0, -1])] = 0
-    return np.dstack([to_bytes(colors), alpha]).astype(np.uint8)
+    return _frame(BAR_WIDTH, BAR_HEIGHT, 150)
+
+
+def counter_frame():
+    """What lies behind it is darkened so much that figures can be read before any sky."""
+    return _frame(COUNTER_WIDTH, COUNTER_HEIGHT, 190)
 
 
 def health():
@@ -36,6 +39,29 @@ def health():
 def compass():
     """A sheet with the compass for each direction that one looks in, clockwise from north, side by side."""
     return np.hstack([_dial(2 * np.pi * direction / DIRECTIONS) for direction in range(DIRECTIONS)])
+
+
+def crosshair():
+    """Four strokes, dark at their rims, so that they show before anything."""
+    line = np.abs(np.arange(2 * ARM) - (ARM - 0.5))
+    x, y = np.meshgrid(line, line)
+    across, along = np.minimum(x, y), np.maximum(x, y)
+    stroke = (across < 1) & (along > GAP) & (along < ARM - 1)
+    rim = (across < 2) & (along > GAP - 1)
+    colors = over(np.zeros(x.shape + (3,)) + OUTLINE, IVORY, stroke)
+    return np.dstack([to_bytes(colors), np.where(stroke, 230, np.where(rim, 150, 0))]).astype(np.uint8)
+
+
+def _frame(width, height, darkness):
+    """A rim of brass around something dark that lets the view through."""
+    y, x = np.mgrid[0:height, 0:width]
+    depth = np.min([y, x, height - 1 - y, width - 1 - x], axis=0)
+    lit = np.minimum(y, x) <= np.minimum(height - 1 - y, width - 1 - x)
+    colors = over(np.zeros((height, width, 3)), OUTLINE, depth < height)
+    colors = over(colors, paint(np.where(lit, 0.85, 0.4), BRASS), (depth == 1) | (depth == 2))
+    alpha = np.where(depth < RIM, 255, darkness)
+    alpha[np.ix_([0, -1], [0, -1])] = 0
+    return np.dstack([to_bytes(colors), alpha]).astype(np.uint8)
 
 
 def _dial(heading):
