@@ -17,27 +17,36 @@ suppress_warnings = ["myst.xref_missing"]
 exclude_patterns = ["pictures"]
 default_role = "literal"
 add_module_names = False
-autodoc_member_order = "bysource"
 autodoc_default_options = {"members": True, "show-inheritance": True, "private-members": True}
 
-PARAMETER = re.compile(r"@param\((\w+)(?:=[^,]*)?, (.*)\)$")
-RESULT = re.compile(r"@returns?\((.*?)\)( .*)?$")
+# Doc strings tell the types of parameters and results in lines of these forms.
+PARAMETER = re.compile(r"^@param\((\w+)(?:=[^,]*)?, (.*)\)$", re.MULTILINE)
+RESULT = re.compile(r"^@returns?\(((?:[^()]|\([^()]*\))*)\)( .*)?$", re.MULTILINE)
 
 
-def field_lists(app, what, name, thing, options, lines):
-    """Turns the lines @param(name, type) and @return(type) of doc strings into Sphinx's fields."""
-    text = []
-    for line in lines:
-        parameter, result = PARAMETER.match(line), RESULT.match(line)
-        if parameter:
-            text.append(":param %s: %s" % parameter.groups())
-        elif result:
-            text.append(":returns: %s%s" % (result.group(1), "," + result.group(2) if result.group(2) else ""))
-        else:
-            text.append(line)
-    # Doc strings are plain text but for their `code`.
-    lines[:] = ["`".join(part if i % 2 else re.sub(r"([_*])(?=\W|$)", r"\\\1", part)
-                         for i, part in enumerate(line.split("`"))) for line in text]
+def type_signature(app, what, name, thing, options, signature, returned):
+    text = inspect.getdoc(thing) or ""
+    for parameter, kind in PARAMETER.findall(text):
+        typed = "%s: %s" % (parameter, tuples(kind))
+        signature = re.sub(r"\b%s\b(?=[,=)])" % parameter, typed, signature or "", 1)
+    result = RESULT.search(text)
+    return signature, tuples(result.group(1)) if result else returned
+
+
+def tuples(kind):
+    return re.sub(r"\(([^()]*)\)", r"tuple[\1]", kind)
+
+
+def read_as_text(app, what, name, thing, options, lines):
+    text = RESULT.sub(lambda result: "\nReturns" + result.group(2) if result.group(2) else "", "\n".join(lines))
+    lines[:] = [plain(line) for line in PARAMETER.sub("", text).split("\n")]
+
+
+def plain(line):
+    """Nothing but backquotes has a meaning."""
+    parts = line.split("`")
+    parts[::2] = [re.sub(r"([_*])(?=\W|$)", r"\\\1", part) for part in parts[::2]]
+    return "`".join(parts)
 
 
 def skip_copies(app, what, name, thing, skip, options):
@@ -54,6 +63,7 @@ def check_completeness(app, environment):
 
 
 def setup(app):
-    app.connect("autodoc-process-docstring", field_lists)
+    app.connect("autodoc-process-signature", type_signature)
+    app.connect("autodoc-process-docstring", read_as_text)
     app.connect("autodoc-skip-member", skip_copies)
-    app.connect("env-check-consistency", lambda app, environment: check_completeness(app, environment))
+    app.connect("env-check-consistency", check_completeness)
