@@ -12,9 +12,6 @@ html_title = "zelvarine"
 html_theme = "furo"
 html_show_copyright = html_copy_source = False
 extensions = ["myst_parser", "sphinx.ext.autodoc"]
-myst_heading_anchors = 2
-suppress_warnings = ["myst.xref_missing"]
-exclude_patterns = ["pictures"]
 default_role = "literal"
 add_module_names = False
 autodoc_default_options = {"members": True, "show-inheritance": True, "private-members": True}
