@@ -24,7 +24,7 @@ SOURCES := $(shell find src -name '*.cpp')
 HEADERS := $(shell find src -name '*.hpp')
 LAID_OUT = $(SOURCES) $(HEADERS) bench/yardstick.cpp
 CLANG_FORMAT = clang-format-19
-PYTHON_FOLDERS := $(wildcard bench examples scripts tests tools)
+PYTHON_FOLDERS := $(wildcard bench docs examples scripts tests tools)
 
 # The folder that holds the interpreter's own installation, and the one that holds its packages. Debian's
 # interpreter, and it alone, works with headers and packages from Debian; where there is none yet, Debian's is coming.
@@ -36,13 +36,14 @@ BUILD_PACKAGES = g++ cmake libsdl2-dev libsdl2-image-dev libsdl2-mixer-dev libsd
 	$(if $(HAS_DEBIAN_HEADERS),python3-dev)
 DEMO_PACKAGES = fonts-dejavu-core
 TEST_PACKAGES = xvfb xdotool $(if $(HAS_DEBIAN_MODULES),python3-pytest python3-numpy)
+DOCS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-sphinx python3-myst-parser furo)
 STUBS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-mypy)
 LINT_PACKAGES = $(CLANG_FORMAT) clang-tidy
 # A make of its own for what comes after an installation, which may have brought the interpreter.
 AGAIN = @$(MAKE) --no-print-directory
 
 .DEFAULT_GOAL = build
-.PHONY: help setup build demo test test-setup bench lint format asan fuzz asan-fuzz stubs all
+.PHONY: help setup build demo test test-setup bench docs lint format asan fuzz asan-fuzz stubs all
 
 help: ## list the targets
 	@sed -n 's/^\([a-z-]*\):.*## /\1|/p' Makefile | awk -F'|' '{ printf "  make %-9s %s\n", $$1, $$2 }'
@@ -81,6 +82,14 @@ bench: test-setup ## time frames, movement, entities and widgets (ARGS="--agains
 	$(AGAIN) build
 	@env -u MAKEFLAGS -u MAKELEVEL cmake --build "$(BUILD)" --target yardstick
 	$(HEADLESS) $(RUN) bench/bench.py $(ARGS)
+
+docs: setup ## build the pages and the reference into a site, BUILD/site, with pictures that the engine draws
+	@$(PACKAGES) install $(DOCS_PACKAGES)
+	@$(PYTHON) -c 'import sphinx, myst_parser, furo' || { echo "The site needs: $(PYTHON) -m pip install sphinx myst-parser furo" >&2; exit 1; }
+	$(AGAIN) build
+	@$(RUN) scripts/draw_pictures.py >/dev/null
+	$(RUN) -m sphinx -q -W --keep-going docs "$(BUILD)/site"
+	@echo "$(BUILD)/site/index.html"
 
 lint: ## check layers, layout, C++ and Python sources, and stubs
 	@$(PACKAGES) install $(BUILD_PACKAGES) $(LINT_PACKAGES)

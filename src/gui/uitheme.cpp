@@ -75,7 +75,9 @@ void declareUITheme(Module& module) {
         "The look of the widgets, from a JSON file: \"tileset\" is an image, \"widgets\" the pieces in it,\n"
         "\"fonts\" and \"colors\" have names that the widgets look up. Files are relative to the theme file.\n\n"
         "A missing key raises KeyError, a color that is no hexadecimal number ValueError; failures to read\n"
-        "the files pass through.")
+        "the files pass through. What widgets look up is missed only when they do: all text needs a font\n"
+        "\"aileron\", text without a color of its own the color \"fontColor\", a filled background \"background\",\n"
+        "and each widget its pieces. docs/theme-file.md tells them all.")
         .init<&UITheme::init>({{"filename"}})
         .readonly<&UITheme::widgets>("widgets", "dict of the pieces in the tileset, as the file holds them")
         .method<&UITheme::getFont>(

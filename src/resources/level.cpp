@@ -58,7 +58,16 @@ std::tuple<Ref<>, Ref<>> Level::getSize() const {
 
 void declareLevel(Module& module) {
     module.value("ASCII_CELLS", Ref<>::steal(Py_BuildValue("[ssssss]", "□", "■", "◤", "◥", "◣", "◢")));
-    Class<Level, Resource>("zelvarine.Level", "A level resource.")
+    Class<Level, Resource>("zelvarine.Level",
+        "A level resource.\n\n"
+        "Level() is an empty room of 30 by 30 cells with walls around it, all of one checkered texture.\n"
+        "Level(filename) reads two files, the grid `filename` and its description `filename` + '.json', and the\n"
+        "pictures that the description names; relative names start from the folder `assetsPath`, or else from that\n"
+        "of `filename`. Raises LevelFormatException for an invalid description, OSError for a file that cannot be\n"
+        "read, KeyError for a key that a sprite lacks. Entities that cannot be loaded are only reported on standard\n"
+        "error. docs/level-files.md tells all that the files may hold.\n\n"
+        "Some steps print lines: Level() a map of itself, an unknown component its name, saveFile the names of its\n"
+        "files. contextlib.redirect_stdout keeps them quiet.")
         .init<&Level::init>({{"filename", None{}}, {"assetsPath", None{}}})
         .readonly<&Level::metadata>("metadata", "dict of the content of the level's JSON description")
         .readonly<&Level::width>("width", "width in cells, int")
@@ -92,8 +101,8 @@ void declareLevel(Module& module) {
             "groundFogColor", "color of the ground fog, (r, g, b), like fogColor")
         .property<&Level::textures>("_textures", "list of the textures of the cells, by texture index")
         .readonly<&Level::textures>("textures",
-            "list of the textures of the cells, by texture index. The renderer sees the\n"
-            "textures as they were when the level was loaded")
+            "list of the textures of the cells, by texture index. The renderer draws those that were loaded with\n"
+            "the level, also when they are painted anew, but none that is appended or put in their place later")
         .property<&Level::sprites>("_sprites", "list of the sprites, by the index that level files use")
         .readonly<&Level::sprites>("sprites", "list of the sprites, by the index that level files use")
         .property<&Level::entities>("_entities", "list of the entities")

@@ -163,7 +163,8 @@ void declareTexture(Module& module) {
             "Blits the whole of `other` with its top left corner onto this one's: opaque pixels overwrite,\n"
             "translucent ones blend.")
         .method<&Texture::saveFile>("saveFile", {{"filename", Required{}, "str"}},
-            "Writes the image as a PNG file; the name should end with '.png'. A failed write raises nothing.")
+            "Writes the image as a PNG file; the name should end with '.png'. A failed write, as into a folder that\n"
+            "does not exist, raises nothing.")
         .addTo(module.raw());
 }
 

@@ -108,7 +108,9 @@ bool UIScrollPanel::handleScroll(MouseWheelEvent* event) {
 void declareUIScrollPanel(Module& module) {
     Class<UIScrollPanel, AbstractUIContainer> panel("zelvarine.UIScrollPanel",
         "A UIScrollPanel shows one content widget through a viewport of fixed size, `width` by `height`. A\n"
-        "scroll bar and the mouse wheel move the content up and down.");
+        "scroll bar and the mouse wheel move the content up and down.\n\n"
+        "The bar is a UISlider and fires SliderValueChangedEvents like any other: compare the `target` of an event\n"
+        "with your own sliders. Where there is nothing to scroll, it reports a ZeroDivisionError in every frame.");
     panel.init<&UIScrollPanel::init>({{"content", Required{}, "UIWidget"}})
         .property<&UIScrollPanel::getContent, &UIScrollPanel::setContent>(
             "content", "the widget that is shown; assigning one replaces it")

@@ -138,8 +138,10 @@ void declareEngine(Module& module) {
             "picture only the common part is shown; a renderer without a target is passed over. TypeError if a\n"
             "renderer's `getTarget` gives something else.")
         .method<&Engine::run>("run", {{"maxFps", 60}},
-            "Plays frames, at most `maxFps` of them per second, until the engine stops, and cancels the timers\n"
-            "that are still waiting. Raises ZeroDivisionError for 0 frames per second.")
+            "Plays frames until the engine stops, and cancels the timers that are still waiting.\n\n"
+            "Between frames it sleeps for what the last one, with the sleep in it, was shorter than 1 / `maxFps`\n"
+            "seconds: a game that is fast enough plays between `maxFps` and twice as many frames per second. Raises\n"
+            "ZeroDivisionError for 0 frames per second.")
         .method<&Engine::quit>("quit", {},
             "After calling quit, no more update or render calls are possible.\n\n"
             "Closes the window and ends SDL. This ends all engines of the process, and their joysticks. A frame in\n"
@@ -150,7 +152,10 @@ void declareEngine(Module& module) {
         .method<&Engine::subscribeEvent>("subscribeEvent",
             {{"eventType", Required{}, "type"}, {"eventHandler", Required{}, "callable"}},
             "Lets `eventHandler(event)` be called for events of exactly that type, after the handlers subscribed\n"
-            "before. What is subscribed twice is called twice.")
+            "before. What is subscribed twice is called twice.\n\n"
+            "An exception in a handler of a frame's input, that is of keys, clicks, the wheel or joysticks, is\n"
+            "reported on standard error, by way of sys.unraisablehook, and the game goes on; the rest of the input\n"
+            "waits for the next frame. From other events it reaches whoever fired them.")
         .method<&Engine::unsubscribeEvent>("unsubscribeEvent",
             {{"eventType", Required{}, "type"}, {"eventHandler", Required{}, "callable"}},
             "Takes back one subscription; nothing happens if there is none.")
@@ -162,8 +167,9 @@ void declareEngine(Module& module) {
             "isKeyPressed", {{"keycode"}}, "1 if the key, one of the KEY_* constants, is held down, else 0.")
         .method<&Engine::isMouseButtonPressed>(
             "isMouseButtonPressed", {{"button"}}, "Whether the button, one of the MOUSE_* constants, is held down.")
-        .method<&Engine::getMouseDist>(
-            "getMouseDist", {}, "How far the last motion of the mouse in this frame went, in pixels of the window.")
+        .method<&Engine::getMouseDist>("getMouseDist", {},
+            "How far the last motion of the mouse in this frame went, in pixels of the window; motions before it do\n"
+            "not count. (0, 0) without a motion.")
         .method<&Engine::getMousePos>(
             "getMousePos", {}, "The position of the mouse in pixels of the picture, whatever the size of the window.")
         .method<&Engine::captureMouse>("captureMouse", {{"capture"}},
@@ -194,7 +200,7 @@ void declareEngine(Module& module) {
             "window. Fires a FullscreenEvent.")
         .method<&Engine::saveScreenshot>("saveScreenshot", {{"filename", Required{}, "str"}},
             "Writes what the window shows, in the size of the window, as a PNG file, whatever its name; that\n"
-            "should therefore end with \".png\". A failed write raises nothing.")
+            "should therefore end with \".png\". A failed write, as into a folder that does not exist, raises nothing.")
         .addTo(module.raw());
 }
 
