@@ -36,7 +36,7 @@ BUILD_PACKAGES = g++ cmake libsdl2-dev libsdl2-image-dev libsdl2-mixer-dev libsd
 	$(if $(HAS_DEBIAN_HEADERS),python3-dev)
 DEMO_PACKAGES = fonts-dejavu-core
 TEST_PACKAGES = xvfb xdotool $(if $(HAS_DEBIAN_MODULES),python3-pytest python3-numpy)
-DOCS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-sphinx python3-myst-parser furo)
+DOCS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-sphinx python3-myst-parser furo python3-numpy)
 STUBS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-mypy)
 LINT_PACKAGES = $(CLANG_FORMAT) clang-tidy
 # A make of its own for what comes after an installation, which may have brought the interpreter.
@@ -85,7 +85,7 @@ bench: test-setup ## time frames, movement, entities and widgets (ARGS="--agains
 
 docs: setup ## build the pages and the reference into a site, BUILD/site, with pictures that the engine draws
 	@$(PACKAGES) install $(DOCS_PACKAGES)
-	@$(PYTHON) -c 'import sphinx, myst_parser, furo' || { echo "The site needs: $(PYTHON) -m pip install sphinx myst-parser furo" >&2; exit 1; }
+	@$(PYTHON) -c 'import sphinx, myst_parser, furo, numpy' || { echo "The site needs: $(PYTHON) -m pip install sphinx myst-parser furo numpy" >&2; exit 1; }
 	$(AGAIN) build
 	@$(RUN) scripts/draw_pictures.py >/dev/null
 	$(RUN) -m sphinx -q -W --keep-going docs "$(BUILD)/site"

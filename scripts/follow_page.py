@@ -11,14 +11,13 @@ import subprocess
 import sys
 import tempfile
 
-import play
+import play  # which also has the blocks play for a few frames only
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 # The paragraph before a block, the block's language, and its lines.
 BLOCK = re.compile(r"((?:^.+\n)*)\n?^```(\w+)\n((?:.*\n)*?)^```$", re.MULTILINE)
 FILE = re.compile(r"(?:[Ss]ave\s+this\s+as|[Cc]hange)\s+`([^`]+)`")
-
-LIKE = doctest.ELLIPSIS | doctest.NORMALIZE_WHITESPACE
+COMPARISON = doctest.ELLIPSIS | doctest.NORMALIZE_WHITESPACE
 
 
 class Page:
@@ -54,7 +53,7 @@ class Page:
 
     def _compare(self, session, where):
         test = doctest.DocTestParser().get_doctest(session, self.names, where, where, 0)
-        if doctest.DocTestRunner(optionflags=LIKE).run(test, clear_globs=False).failed:
+        if doctest.DocTestRunner(optionflags=COMPARISON).run(test, clear_globs=False).failed:
             sys.exit("%s shows something else" % where)
         self.names = test.globs
 
