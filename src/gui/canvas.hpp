@@ -12,7 +12,7 @@ namespace zv {
 class Canvas {
 public:
     Canvas(Ref<Texture> texture, const SDL_Rect& seen) : target(std::move(texture)), part(seen) {}
-    // The part that is not cut now.
+    // With the part that is not cut now.
     explicit Canvas(const Ref<Texture>& texture) : Canvas(texture, texture->source()->clip_rect) {}
 
     void cut() const {
@@ -21,11 +21,7 @@ public:
         SDL_Rect clip = fits ? part : open();
         SDL_SetClipRect(surface, &clip);
     }
-    void uncut() const {
-        SDL_Surface* surface = target->surface();
-        bool isCut = surface->clip_rect.w != surface->w || surface->clip_rect.h != surface->h;
-        if (isCut) SDL_SetClipRect(surface, nullptr);
-    }
+    void uncut() const { SDL_SetClipRect(target->surface(), nullptr); }
 
     // Where something can be drawn after cut().
     SDL_Rect open() const {

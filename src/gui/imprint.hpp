@@ -37,14 +37,16 @@ public:
     template <class Draw> void draw(const Canvas& canvas, const SDL_Rect& rect, const Look& look, const Draw& plainly) {
         SDL_Rect seen = intersection(canvas.open(), rect);
         bool isSeen = !isEmpty(seen), isWhole = seen.w == rect.w && seen.h == rect.h;
-        if (!look.isPlain || (isSeen && !isWhole) || int64_t{seen.w} * seen.h > mostPixels) plainly();
-        else if (!isSeen) forget();
-        else if (!known || known->look != look || known->width != rect.w || known->height != rect.h) {
+        if (!look.isPlain || (isSeen && !isWhole) || int64_t{seen.w} * seen.h > mostPixels) return plainly();
+        std::unique_ptr<Picture> picture = std::move(known);
+        if (!isSeen) return;
+        if (!picture || picture->look != look || picture->width != rect.w || picture->height != rect.h) {
             plainly();
             // What changes all the time is not worth more: it is learned when it comes again.
-            known.reset(new Picture{look, rect.w, rect.h});
-        } else if (!known->isLearned) known->learn(canvas.pixels(), rect, std::ref(plainly));
-        else if (!known->repeat(canvas.pixels(), rect)) known->renew(canvas.pixels(), rect, std::ref(plainly));
+            picture.reset(new Picture{look, rect.w, rect.h});
+        } else if (!picture->isLearned) picture->learn(canvas.pixels(), rect, std::ref(plainly));
+        else if (!picture->repeat(canvas.pixels(), rect)) picture->renew(canvas.pixels(), rect, std::ref(plainly));
+        known = std::move(picture);
     }
     void forget() { known.reset(); }
 
@@ -70,7 +72,7 @@ private:
         bool repeat(const MutableImage& target, const SDL_Rect& rect) const;
         void renew(const MutableImage& target, const SDL_Rect& rect, const std::function<void()>& plainly);
     };
-    std::unique_ptr<Picture> known;
+    std::unique_ptr<Picture> known;  // not while it is being drawn
 
     static std::vector<uint32_t> read(const MutableImage& target, const SDL_Rect& rect, const std::vector<Run>& runs);
     static void write(const MutableImage& target, const SDL_Rect& rect, const Part& part);

@@ -37,7 +37,7 @@ void UIRenderer::render() {
     Ref<UIWidget>(widget)->calculateMaxSize();
     Ref<UIWidget>(widget)->calculatePos();
     Ref<UIWidget>(widget)->update(mouseX, mouseY, isMouseLeftPressed);
-    Ref<UIWidget> root = widget;
+    Ref<UIWidget> root = widget;  // that of a script is called without a clip
     if (isNative(*root)) root->doRender({});
     else callByName(root.raw(), "render"_name);
 }

@@ -109,7 +109,7 @@ protected:
     }
     // The picture that holds the pieces.
     Ref<Texture> tileset() const;
-    // Of what is drawn with that picture: the look to begin with.
+    // The look of what is drawn with it, for more to be added.
     Look tilesetLook() const;
     // Lets the engine fire an event; without one nothing happens.
     void fireEvent(const Ref<>& event) const;

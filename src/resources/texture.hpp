@@ -19,7 +19,7 @@ struct Texture : Resource {
     // The pixels; they stay where they are as long as the texture lives.
     Image image() const { return pixelsOf(source()); }
     MutableImage mutableImage() { return pixelsOf(surface()); }
-    // To be written by others at any time.
+    // The pixels, for others to write to at any time.
     MutableImage exportedImage();
     // What SDL draws from; and what it draws on, or gets another way of drawing.
     SDL_Surface* source() const;
