@@ -42,7 +42,7 @@ LINT_PACKAGES = $(CLANG_FORMAT) clang-tidy
 AGAIN = @$(MAKE) --no-print-directory
 
 .DEFAULT_GOAL = build
-.PHONY: help setup build demo test test-setup bench lint format asan fuzz asan-fuzz stubs all
+.PHONY: help setup build demo test test-setup bench lint format asan fuzz asan-fuzz stubs stub-docs all
 
 help: ## list the targets
 	@sed -n 's/^\([a-z-]*\):.*## /\1|/p' Makefile | awk -F'|' '{ printf "  make %-9s %s\n", $$1, $$2 }'
@@ -115,10 +115,12 @@ asan-fuzz: setup ## the same under the sanitizers
 	$(AGAIN) build $(SANITIZED_BUILD)
 	PYTHONPATH="$(abspath build-asan)" $(SANITIZED):max_allocation_size_mb=500 $(PYTHON) scripts/fuzz.py $(ARGS)
 
-stubs: build ## check that the type stubs and the module agree
+stubs: build ## check that the type stubs and the module agree, doc strings included
 	@$(PACKAGES) install $(STUBS_PACKAGES)
-	@# The checker finds the stubs of a module under its own name only.
-	@mkdir -p "$(BUILD)/stubs" && ln -sfn "$(abspath stubs/zelvarine-stubs)" "$(BUILD)/stubs/zelvarine"
-	MYPYPATH="$(BUILD)/stubs" $(HEADLESS) $(RUN) -m mypy.stubtest zelvarine --allowlist stubs/allowlist.txt
+	$(HEADLESS) $(RUN) scripts/stub_docs.py --check
+	MYPYPATH="$(BUILD)" $(HEADLESS) $(RUN) -m mypy.stubtest zelvarine --allowlist stubs/allowlist.txt
+
+stub-docs: build ## write the doc strings of the module into the type stubs
+	$(HEADLESS) $(RUN) scripts/stub_docs.py
 
 all: build lint test asan ## everything above that can fail
