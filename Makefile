@@ -38,12 +38,13 @@ DEMO_PACKAGES = fonts-dejavu-core
 TEST_PACKAGES = xvfb xdotool $(if $(HAS_DEBIAN_MODULES),python3-pytest python3-numpy)
 DOCS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-sphinx python3-myst-parser furo python3-numpy)
 STUBS_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-mypy)
+VENV_PACKAGES = $(if $(HAS_DEBIAN_MODULES),python3-venv)
 LINT_PACKAGES = $(CLANG_FORMAT) clang-tidy
 # A make of its own for what comes after an installation, which may have brought the interpreter.
 AGAIN = @$(MAKE) --no-print-directory
 
 .DEFAULT_GOAL = build
-.PHONY: help setup build demo test test-setup bench docs lint format asan fuzz asan-fuzz stubs all
+.PHONY: help setup build demo test test-setup bench docs lint format asan fuzz asan-fuzz stubs stub-docs wheel wheels freeze sdist all
 
 help: ## list the targets
 	@sed -n 's/^\([a-z-]*\):.*## /\1|/p' Makefile | awk -F'|' '{ printf "  make %-9s %s\n", $$1, $$2 }'
@@ -69,6 +70,8 @@ build: ## build the module into BUILD (the default target); installs nothing
 	@mv "$(BUILD)/interpreter.new" "$(BUILD)/interpreter"
 	@cmake -S . -B "$(BUILD)" --log-level=NOTICE -DPython_EXECUTABLE="$$($(PYTHON) -c 'import sys; print(sys.executable)')" $(CMAKE_OPTIONS)
 	@env -u MAKEFLAGS -u MAKELEVEL cmake --build "$(BUILD)" --parallel $(JOBS)
+	@$(PYTHON) -c 'import sys; print("For Python %d.%d; this runs a script with it:" % sys.version_info[:2])'
+	@echo "PYTHONPATH=$(abspath $(BUILD)) $$($(PYTHON) -c 'import sys; print(sys.executable)') game.py"
 
 demo: setup ## walk through the demo level; without a display it saves pictures (ARGS=--help tells the options)
 	$(AGAIN) build
@@ -124,10 +127,33 @@ asan-fuzz: setup ## the same under the sanitizers
 	$(AGAIN) build $(SANITIZED_BUILD)
 	PYTHONPATH="$(abspath build-asan)" $(SANITIZED):max_allocation_size_mb=500 $(PYTHON) scripts/fuzz.py $(ARGS)
 
-stubs: build ## check that the type stubs and the module agree
+stubs: build ## check that the type stubs and the module agree, doc strings included
 	@$(PACKAGES) install $(STUBS_PACKAGES)
-	@# The checker finds the stubs of a module under its own name only.
-	@mkdir -p "$(BUILD)/stubs" && ln -sfn "$(abspath stubs/zelvarine-stubs)" "$(BUILD)/stubs/zelvarine"
-	MYPYPATH="$(BUILD)/stubs" $(HEADLESS) $(RUN) -m mypy.stubtest zelvarine --allowlist stubs/allowlist.txt
+	$(HEADLESS) $(RUN) scripts/stub_docs.py --check
+	MYPYPATH="$(BUILD)" $(HEADLESS) $(RUN) -m mypy.stubtest zelvarine --allowlist stubs/allowlist.txt
 
-all: build lint test asan ## everything above that can fail
+stub-docs: build ## write the doc strings of the module into the type stubs
+	$(HEADLESS) $(RUN) scripts/stub_docs.py
+
+# These, and nothing else here, need Python's package index.
+wheel: setup ## build a wheel with SDL's libraries in it into dist/, and play the demo with nothing else
+	@$(PACKAGES) install $(VENV_PACKAGES)
+	$(AGAIN) build
+	scripts/wheel "$(PYTHON)" "$(BUILD)" $(CMAKE_OPTIONS)
+
+wheels: ## the same for each Python at hand, from 3.7 to 3.13
+	@for python in $$(scripts/interpreters); do \
+		$(MAKE) --no-print-directory wheel PYTHON=$$python BUILD=build-$$($$python -c 'import sys; print("%d.%d" % sys.version_info[:2])') || exit; \
+	done
+
+freeze: wheel ## make a program of the README's first game by PyInstaller, and play that
+	"$(BUILD)/clean/bin/pip" install --quiet --disable-pip-version-check pytest pyinstaller
+	$(HEADLESS) "$(BUILD)/clean/bin/python" -m pytest -q tests/test_freezing.py
+
+sdist: ## pack the sources into dist/
+	@$(PACKAGES) install $(VENV_PACKAGES)
+	$(PYTHON) -m venv --clear "$(BUILD)/tools"
+	"$(BUILD)/tools/bin/pip" install --quiet --disable-pip-version-check build
+	"$(BUILD)/tools/bin/python" -m build --sdist --outdir dist
+
+all: build lint test asan ## these four

@@ -48,6 +48,18 @@ def test_fullscreen(engine):
     assert engine.isFullscreen() and Engine._tasks == events == []
 
 
+def test_missing_display_is_told_once():
+    script = """
+import sys, zelvarine
+sys.stderr = sys.stdout
+for show in False, True, True:
+    zelvarine.Engine().init("t", (8, 8), show=show)
+    print(show)"""
+    told = helpers.run_script(script, quiet=False, SDL_VIDEODRIVER="", DISPLAY="", WAYLAND_DISPLAY="").splitlines()
+    assert "no display" in told.pop(1) and told == ["False", "True", "True"]
+    assert helpers.run_script(script, SDL_VIDEODRIVER="dummy").split() == ["False", "True", "True"]  # asked for
+
+
 @pytest.mark.parametrize("arguments, expected", [
     ({}, 0), (dict(show=0, windowid=-1.0), HIDDEN), (dict(resizeable=1), RESIZABLE), (dict(captureMouse=1), GRABBED)])
 def test_flags_of_the_window(engine, arguments, expected):

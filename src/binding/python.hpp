@@ -3,6 +3,14 @@
 #define PY_SSIZE_T_CLEAN
 #include <Python.h>
 
+// Begins the definition of the function that makes the module, the only one which the library exports: before Python
+// 3.9, PyMODINIT_FUNC leaves it hidden like all others, except on Windows.
+#if PY_VERSION_HEX >= 0x03090000 || defined(_WIN32)
+#define ZELVARINE_MODULE_INIT PyMODINIT_FUNC
+#else
+#define ZELVARINE_MODULE_INIT extern "C" __attribute__((visibility("default"))) PyObject*
+#endif
+
 namespace zv {
 
 // Releases an object through `release`, deferred when it is the end of a long chain of owners:

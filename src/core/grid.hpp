@@ -2,6 +2,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 
 namespace zv {
 
@@ -36,7 +37,7 @@ struct Grid {
     bool contains(int x, int y) const { return x >= 0 && y >= 0 && x < width && y < height; }
     uint8_t* cell(int x, int y) const {
 #ifdef ZELVARINE_CHECKED
-        if (!contains(x, y)) __builtin_trap();
+        if (!contains(x, y)) std::abort();
 #endif
         return cells + (static_cast<ptrdiff_t>(y) * width + x) * cellBytes;
     }

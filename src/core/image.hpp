@@ -2,6 +2,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 
 namespace zv {
 
@@ -11,13 +12,13 @@ template <class Word> struct Pixels {
 
     Word* row(int y) const {
 #ifdef ZELVARINE_CHECKED
-        if (y < 0 || y >= height) __builtin_trap();
+        if (y < 0 || y >= height) std::abort();
 #endif
         return pixels + static_cast<ptrdiff_t>(y) * width;
     }
     Word& at(int x, int y) const {
 #ifdef ZELVARINE_CHECKED
-        if (x < 0 || x >= width) __builtin_trap();
+        if (x < 0 || x >= width) std::abort();
 #endif
         return row(y)[x];
     }

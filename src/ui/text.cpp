@@ -126,8 +126,8 @@ void UIText::doRender(const Clip& clip) {
 void declareUIText(Module& module) {
     Class<UIText, UIWidget>("zelvarine.UIText",
         "A UIText can be used to display text.\n\n"
-        "Its font is the one that the theme calls \"aileron\", its color, unless given, \"fontColor\"; KeyError if the\n"
-        "theme lacks them: the color when the text is attached to a renderer, the font in the next frame.")
+        "Its font is the one that the theme calls \"aileron\", its color, unless given, \"fontColor\"; KeyError if\n"
+        "the theme lacks them: the color when the text is attached to a renderer, the font in the next frame.")
         .init<&UIText::init>({{"text", Required{}, "str"}, {"color", None{}, "(r, g, b) or (r, g, b, a) or None"}})
         .method<&UIText::setText>("setText", {{"text", Required{}, "str"}},
             "Replaces the text. Line breaks begin new lines. Raises TypeError for anything but a str.")

@@ -93,6 +93,7 @@ private:
     // Window
     void openWindow(const Ref<Str>& title, int width, int height, uint32_t flags, PyObject* icon);
     void createRenderer(int width, int height);
+    void tellIfUnseen() const;
     void close();
     void toggleWindow();
     void addFullscreenTask();

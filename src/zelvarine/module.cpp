@@ -42,13 +42,13 @@ import sys as _sys
 
 }  // namespace zv
 
-// PyMODINIT_FUNC exports the symbol only from Python 3.9 on; the build hides symbols by default.
-extern "C" __attribute__((visibility("default"))) PyObject* PyInit_zelvarine() {
+ZELVARINE_MODULE_INIT PyInit_zelvarine() {
     using namespace zv;
     return guarded<PyObject*>(nullptr, [] {
         Ref<> object = Ref<>::steal(PyModule_Create(&definition));
         Module module(object.raw());
         module.source(standardModules);
+        module.value("__version__", toPython(ZELVARINE_VERSION));
         declareConstants(module);
         declareKeys(module);
 

@@ -10,6 +10,7 @@
 #include <SDL_image.h>
 
 #include <algorithm>
+#include <string_view>
 
 namespace zv {
 
@@ -29,6 +30,19 @@ void Engine::createRenderer(int width, int height) {
     frameTexture.reset(
         SDL_CreateTexture(renderer.get(), SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STREAMING, width, height));
     if (!frameTexture) raiseSdl("Could not initialize the picture of the window.");
+}
+
+// Without a display SDL falls back on a driver that shows nothing: a game would run for ever, and nobody know.
+void Engine::tellIfUnseen() const {
+    static bool told = false;
+    const char* wanted = SDL_getenv("SDL_VIDEODRIVER");
+    const char* driver = SDL_GetCurrentVideoDriver();
+    std::string_view chosen = driver ? driver : "";
+    bool isShown = window && !(SDL_GetWindowFlags(window.get()) & SDL_WINDOW_HIDDEN);
+    if (told || !isShown || (wanted && *wanted) || (chosen != "offscreen" && chosen != "dummy")) return;
+    told = true;
+    PySys_WriteStderr(
+        "zelvarine: there is no display, so the game runs unseen (SDL_VIDEODRIVER=dummy says it should)\n");
 }
 
 // Each renderer overwrites the whole picture: the last one is what is shown.
