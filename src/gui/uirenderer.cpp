@@ -26,7 +26,7 @@ void UIRenderer::render() {
     if (fillBackground) {
         Ref<> color = callByName(theme.raw(), "getIntColor"_name, std::string_view("background"));
         uint32_t word = Convert<uint32_t>::from(color.raw());
-        fill(target->surface(), word);
+        SDL_FillRect(target->surface(), nullptr, word);
     }
     Ref<> held = toPython(engine);
     auto [mouseX, mouseY] = Convert<std::tuple<int, int>>::from(callByName(held.raw(), "getMousePos"_name).raw());

@@ -13,17 +13,6 @@ inline bool isNear(const SDL_Rect& r) { return isNear(r.x) && isNear(r.y); }
 
 inline bool isEmpty(const SDL_Rect& r) { return r.w <= 0 || r.h <= 0; }
 
-// Gives one word to all pixels of a 32-bit image, within its clip. SDL_FillRect does so past the caches, and what is
-// drawn on top then waits for the memory.
-inline void fill(SDL_Surface* target, Uint32 word) {
-    const SDL_Rect& clip = target->clip_rect;
-    if (isEmpty(clip)) return;
-    for (int y = clip.y; y < clip.y + clip.h; y++) {
-        char* row = static_cast<char*>(target->pixels) + static_cast<ptrdiff_t>(y) * target->pitch;
-        std::fill_n(reinterpret_cast<Uint32*>(row) + clip.x, clip.w, word);
-    }
-}
-
 // Blends the rectangle `part` of an image onto the target, its top left corner at (x, y).
 inline void blit(SDL_Surface* source, SDL_Rect part, SDL_Surface* target, int x, int y) {
     SDL_Rect place{x, y, part.w, part.h};
