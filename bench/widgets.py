@@ -37,7 +37,7 @@ def screen_of_buttons(count):
     renderer = renderer_of(BUTTONS_SIZE)
     columns = 4 if count <= 20 else 10 if count <= 100 else 15
     width = BUTTONS_SIZE[0] // columns - 4
-    renderer.widget = parts.column(*grid([parts.button("b %d" % i, width=width) for i in range(count)], columns))
+    renderer.widget = parts.column(*grid([parts.button(str(i), width=width) for i in range(count)], columns))
     return one_figure(renderer.render)
 
 
