@@ -13,7 +13,7 @@ struct Event : Object {
 
 // What lower layers know of the engine, beyond what they call by name.
 struct EventHub : Object {
-    // Whether firing an event of exactly this class may have any effect. If not, it need not even be made.
+    // Whether firing an event of exactly this class may run anything. If not, it need not even be made.
     virtual bool isHeard(PyObject* eventType) const = 0;
 };
 

@@ -22,6 +22,20 @@ def test_one_component_of_each_exact_type():
     assert list(view) == [derived, "any object"]
 
 
+def test_components_are_a_dict_to_scripts():
+    rng, entity, plain, kinds = random.Random(1), Entity(), {}, [type("Kind", (), {}) for _ in range(6)]
+    for kind in rng.choices(kinds, k=3000):
+        action, component = rng.random(), kind()
+        if action < 0.02:
+            entity, plain[kind] = Entity(-1, *plain.values(), component), component
+        elif action < 0.6:
+            entity.addComponent(component), plain.setdefault(kind, component)
+        else:
+            entity.removeComponentType(kind), plain.pop(kind, None)
+        assert entity.getComponent(kind) is plain.get(kind)
+        assert rng.random() < 0.99 or list(entity._components.items()) == list(plain.items())
+
+
 def test_ids_are_given_kept_and_found():
     ecs, entity, named, placed = Ecs(None), Entity(), Entity(id=-7), Entity(-7, PositionComponent())
     for change in ecs.addEntity, ecs.addEntity, ecs.removeEntity, ecs.removeEntity:

@@ -67,7 +67,7 @@ void MovementSystem::moveEntity(PyObject* entity, double timeStep, BodyCache& ca
         collision = componentOf<CollisionComponent>(entity);
         cache.forget();
     }
-    cache.nextMover();
+    cache.beginMover();
     Vector2& impulse = *velocity->impulse;
     Point kick = braked(impulse.point(), timeStep * std::fabs(velocity->friction));
     impulse.assign(kick);

@@ -113,8 +113,7 @@ void traceGridRay(const Grid& grid, Point pos, Point& dir, RayHit& hit, double r
         return Point{(nextY - pos.y) / dir.y * dir.x + pos.x, static_cast<double>(nextY)};
     };
     Point crossX = verticalCrossing(), crossY = horizontalCrossing();
-    double farthest =
-        reach + 2.5;  // a hypotenuse may be nearer than the crossing that leads to its cell, but not by more
+    double farthest = reach + 2.5;  // a hypotenuse may be nearer than the crossing that leads to it, by less than that
     double distX = length(crossX - pos), distY = length(crossY - pos);
     while (!hit.outOfBounds) {
         bool vertical = distY > distX;

@@ -31,7 +31,7 @@ void Engine::fireEvent(PyObject* event, PyObject* eventType) {
     if (handlers) forEach(handlers.raw(), [&](PyObject* handler) { callFunction(handler, event); });
 }
 
-// Where looking may run a script, the answer is yes.
+// Yes is said wherever a script has a say in it.
 bool Engine::isHeard(PyObject* eventType) const {
     Name& attribute = "_eventSubscribers"_name;
     if (isOverridden<&Engine::fireEvent>(self()) || !inherits(Py_TYPE(self()), &typeOf<Engine>, attribute)) return true;

@@ -4,8 +4,7 @@
 
 namespace zv {
 
-// A cell is as large as one of a level. Where a number ends up is all the same, as long as it grows with the
-// coordinate.
+// A cell is as large as one of a level. All that counts is that a larger coordinate has no smaller cell.
 static int64_t cellOf(double coordinate) { return truncateFar(coordinate); }
 static uint64_t keyOf(int64_t x, int64_t y) { return static_cast<uint64_t>(x) << 32 ^ static_cast<uint64_t>(y); }
 static uint64_t keyOf(Point p) { return keyOf(cellOf(p.x), cellOf(p.y)); }
