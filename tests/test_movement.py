@@ -60,7 +60,7 @@ def random_body(rng, digits):
     return dict(pos=pair(rng, digits, low, high), velocity=pair(rng, digits, -1, 1) if rng.random() < 0.8 else None,
                 impulse=rng.choice([pair(rng, digits, -2, 2), (0.0, 0.0), (0.0001, 0.0), (0.00011, 0.0)]),
                 friction=rng.choice([0.0, rng.uniform(-3, 3)]), trigger=rng.random() < 0.2, flags=flags,
-                radius=rng.choice((None, 0.0, -0.3, 2.5) + 10 * pair(rng, digits, 0.2, 1.4)), ignored=ignored)
+                radius=rng.choice((None, 0.0, -math.inf, 2.5) + 10 * pair(rng, digits, 0.2, 1.4)), ignored=ignored)
 
 
 def braked(impulse, loss):

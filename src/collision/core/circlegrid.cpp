@@ -2,6 +2,8 @@
 
 #include "core/numbers.hpp"
 
+#include <algorithm>
+
 namespace zv {
 
 // A cell is as large as one of a level. All that counts is that a larger coordinate has no smaller cell.
@@ -52,7 +54,7 @@ size_t CircleGrid::nextOverlapped(size_t number, const Move& mover, const void* 
     if (looks > circles.size()) return considerAll();
     for (size_t n : large) consider(n);
 
-    double reach = (mover.radius + largestInCells) * (1 + 1e-9) + 1e-9;  // rounding must not lose one
+    double reach = std::max(0.0, mover.radius + largestInCells) * (1 + 1e-9) + 1e-9;  // rounding must not lose one
     int64_t left = cellOf(mover.target.x - reach), right = cellOf(mover.target.x + reach);
     int64_t top = cellOf(mover.target.y - reach), bottom = cellOf(mover.target.y + reach);
     auto limit = static_cast<int64_t>(circles.size());
