@@ -128,8 +128,8 @@ void declareEngine(Module& module) {
             "many sounds can play at a time, at most 65536. With `killWithEscapeKey` the Escape key stops the\n"
             "engine. Windows of others are not supported: a `windowid` other than -1 always fails.\n\n"
             "An engine that has a window already gets a new one in its place. If no window or renderer can be\n"
-            "created, EngineSdlException is raised, and the engine does not run. Where there is no display, the engine\n"
-            "runs unseen, which it says once on standard error, unless SDL_VIDEODRIVER in the environment asks for it.")
+            "created, EngineSdlException is raised, and the engine does not run. Without a display the engine runs\n"
+            "unseen; it says so once on standard error, unless SDL_VIDEODRIVER in the environment asks for it.")
         .method<&Engine::ensureInit>("_ensureInit", {}, "Raises EngineException unless the engine is running.")
         .method<&Engine::isRunning>(
             "isRunning", {}, "Whether the engine runs: from `init` until the user stops it, or until `quit`.")

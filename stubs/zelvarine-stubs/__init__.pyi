@@ -1930,8 +1930,8 @@ class Engine:
         engine. Windows of others are not supported: a `windowid` other than -1 always fails.
 
         An engine that has a window already gets a new one in its place. If no window or renderer can be
-        created, EngineSdlException is raised, and the engine does not run. Where there is no display, the engine
-        runs unseen, which it says once on standard error, unless SDL_VIDEODRIVER in the environment asks for it.
+        created, EngineSdlException is raised, and the engine does not run. Without a display the engine runs
+        unseen; it says so once on standard error, unless SDL_VIDEODRIVER in the environment asks for it.
         @param(title, str)
         @param(size, (int, int))
         @param(fullscreen=False, bool)
