@@ -128,9 +128,8 @@ void declareEngine(Module& module) {
             "many sounds can play at a time, at most 65536. With `killWithEscapeKey` the Escape key stops the\n"
             "engine. Windows of others are not supported: a `windowid` other than -1 always fails.\n\n"
             "An engine that has a window already gets a new one in its place. If no window or renderer can be\n"
-            "created, EngineSdlException is raised, and the engine does not run. Where there is no display, the\n"
-            "engine runs unseen, which it says once on standard error, unless SDL_VIDEODRIVER in the environment\n"
-            "asks for it.")
+            "created, EngineSdlException is raised, and the engine does not run. Without a display the engine runs\n"
+            "unseen; it says so once on standard error, unless SDL_VIDEODRIVER in the environment asks for it.")
         .method<&Engine::ensureInit>("_ensureInit", {}, "Raises EngineException unless the engine is running.")
         .method<&Engine::isRunning>(
             "isRunning", {}, "Whether the engine runs: from `init` until the user stops it, or until `quit`.")
@@ -141,10 +140,8 @@ void declareEngine(Module& module) {
             "picture only the common part is shown; a renderer without a target is passed over. TypeError if a\n"
             "renderer's `getTarget` gives something else.")
         .method<&Engine::run>("run", {{"maxFps", 60}},
-            "Plays frames until the engine stops, and cancels the timers that are still waiting.\n\n"
-            "Between frames it sleeps for what the last one, with the sleep in it, was shorter than 1 / `maxFps`\n"
-            "seconds: a game that is fast enough plays between `maxFps` and twice as many frames per second. Raises\n"
-            "ZeroDivisionError for 0 frames per second.")
+            "Plays frames, at most `maxFps` of them per second, until the engine stops, and cancels the timers\n"
+            "that are still waiting. Raises ZeroDivisionError for 0 frames per second.")
         .method<&Engine::quit>("quit", {},
             "After calling quit, no more update or render calls are possible.\n\n"
             "Closes the window and ends SDL. This ends all engines of the process, and their joysticks. A frame in\n"
@@ -155,10 +152,7 @@ void declareEngine(Module& module) {
         .method<&Engine::subscribeEvent>("subscribeEvent",
             {{"eventType", Required{}, "type"}, {"eventHandler", Required{}, "callable"}},
             "Lets `eventHandler(event)` be called for events of exactly that type, after the handlers subscribed\n"
-            "before. What is subscribed twice is called twice.\n\n"
-            "An exception in a handler of a frame's input, that is of keys, clicks, the wheel or joysticks, is\n"
-            "reported on standard error, by way of sys.unraisablehook, and the game goes on; the rest of the input\n"
-            "waits for the next frame. From other events it reaches whoever fired them.")
+            "before. What is subscribed twice is called twice.")
         .method<&Engine::unsubscribeEvent>("unsubscribeEvent",
             {{"eventType", Required{}, "type"}, {"eventHandler", Required{}, "callable"}},
             "Takes back one subscription; nothing happens if there is none.")
@@ -170,9 +164,8 @@ void declareEngine(Module& module) {
             "isKeyPressed", {{"keycode"}}, "1 if the key, one of the KEY_* constants, is held down, else 0.")
         .method<&Engine::isMouseButtonPressed>(
             "isMouseButtonPressed", {{"button"}}, "Whether the button, one of the MOUSE_* constants, is held down.")
-        .method<&Engine::getMouseDist>("getMouseDist", {},
-            "How far the last motion of the mouse in this frame went, in pixels of the window; motions before it do\n"
-            "not count. (0, 0) without a motion.")
+        .method<&Engine::getMouseDist>(
+            "getMouseDist", {}, "How far the last motion of the mouse in this frame went, in pixels of the window.")
         .method<&Engine::getMousePos>(
             "getMousePos", {}, "The position of the mouse in pixels of the picture, whatever the size of the window.")
         .method<&Engine::captureMouse>("captureMouse", {{"capture"}},
@@ -203,7 +196,7 @@ void declareEngine(Module& module) {
             "window. Fires a FullscreenEvent.")
         .method<&Engine::saveScreenshot>("saveScreenshot", {{"filename", Required{}, "str"}},
             "Writes what the window shows, in the size of the window, as a PNG file, whatever its name; that\n"
-            "should therefore end with \".png\". A failed write, as into a folder that does not exist, raises nothing.")
+            "should therefore end with \".png\". A failed write raises nothing.")
         .addTo(module.raw());
 }
 

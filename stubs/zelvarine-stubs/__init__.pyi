@@ -596,8 +596,7 @@ class Texture(Resource):
         @param(other, Texture)
         """
     def saveFile(self, filename: str) -> None:
-        """Writes the image as a PNG file; the name should end with '.png'. A failed write, as into a folder that
-        does not exist, raises nothing.
+        """Writes the image as a PNG file; the name should end with '.png'. A failed write raises nothing.
         @param(filename, str)
         """
     def __buffer__(self, __flags: int) -> memoryview: ...
@@ -1090,18 +1089,7 @@ class SpriteComponent:
         """
 
 class Level(Resource):
-    """A level resource.
-
-    Level() is an empty room of 30 by 30 cells with walls around it, all of one checkered texture.
-    Level(filename) reads two files, the grid `filename` and its description `filename` + '.json', and the
-    pictures that the description names; relative names start from the folder `assetsPath`, or else from that
-    of `filename`. Raises LevelFormatException for an invalid description, OSError for a file that cannot be
-    read, KeyError for a key that a sprite lacks. Entities that cannot be loaded are only reported on standard
-    error. docs/level-files.md tells all that the files may hold.
-
-    Some steps print lines: Level() a map of itself, an unknown component its name, saveFile the names of its
-    files. contextlib.redirect_stdout keeps them quiet.
-    """
+    """A level resource."""
     fogDensity: int
     """fog on walls and sprites per cell of distance, where 255 is solid, int"""
     groundFogDensity: int
@@ -1133,8 +1121,8 @@ class Level(Resource):
         """height in cells, int"""
     @property
     def textures(self) -> List[Texture]:
-        """list of the textures of the cells, by texture index. The renderer draws those that were loaded with
-        the level, also when they are painted anew, but none that is appended or put in their place later
+        """list of the textures of the cells, by texture index. The renderer sees the
+        textures as they were when the level was loaded
         """
     @property
     def sprites(self) -> List[Sprite]:
@@ -1424,9 +1412,7 @@ class UITheme:
     "fonts" and "colors" have names that the widgets look up. Files are relative to the theme file.
 
     A missing key raises KeyError, a color that is no hexadecimal number ValueError; failures to read
-    the files pass through. What widgets look up is missed only when they do: all text needs a font
-    "aileron", text without a color of its own the color "fontColor", a filled background "background",
-    and each widget its pieces. docs/theme-file.md tells them all.
+    the files pass through.
     """
     @property
     def widgets(self) -> _Dict:
@@ -1695,11 +1681,7 @@ class UIAnchoredContainer(AbstractUIContainer):
         """Removes all children."""
 
 class UIText(UIWidget):
-    """A UIText can be used to display text.
-
-    Its font is the one that the theme calls "aileron", its color, unless given, "fontColor"; KeyError if
-    the theme lacks them: the color when the text is attached to a renderer, the font in the next frame.
-    """
+    """A UIText can be used to display text."""
     text: str
     """the text; the same as getText and setText"""
     color: Optional[_Color]
@@ -1861,9 +1843,6 @@ class SliderValueChangedEvent(Event):
 class UIScrollPanel(AbstractUIContainer):
     """A UIScrollPanel shows one content widget through a viewport of fixed size, `width` by `height`. A
     scroll bar and the mouse wheel move the content up and down.
-
-    The bar is a UISlider and fires SliderValueChangedEvents like any other: compare the `target` of an event
-    with your own sliders. Where there is nothing to scroll, it reports a ZeroDivisionError in every frame.
     """
     content: UIWidget
     """the widget that is shown; assigning one replaces it"""
@@ -1951,9 +1930,8 @@ class Engine:
         engine. Windows of others are not supported: a `windowid` other than -1 always fails.
 
         An engine that has a window already gets a new one in its place. If no window or renderer can be
-        created, EngineSdlException is raised, and the engine does not run. Where there is no display, the
-        engine runs unseen, which it says once on standard error, unless SDL_VIDEODRIVER in the environment
-        asks for it.
+        created, EngineSdlException is raised, and the engine does not run. Without a display the engine runs
+        unseen; it says so once on standard error, unless SDL_VIDEODRIVER in the environment asks for it.
         @param(title, str)
         @param(size, (int, int))
         @param(fullscreen=False, bool)
@@ -1980,11 +1958,8 @@ class Engine:
         renderer's `getTarget` gives something else.
         """
     def run(self, maxFps: _Float = 60) -> None:
-        """Plays frames until the engine stops, and cancels the timers that are still waiting.
-
-        Between frames it sleeps for what the last one, with the sleep in it, was shorter than 1 / `maxFps`
-        seconds: a game that is fast enough plays between `maxFps` and twice as many frames per second. Raises
-        ZeroDivisionError for 0 frames per second.
+        """Plays frames, at most `maxFps` of them per second, until the engine stops, and cancels the timers
+        that are still waiting. Raises ZeroDivisionError for 0 frames per second.
         @param(maxFps=60, float)
         """
     def quit(self) -> None:
@@ -2005,10 +1980,6 @@ class Engine:
     def subscribeEvent(self, eventType: Type[_T], eventHandler: Callable[[_T], object]) -> None:
         """Lets `eventHandler(event)` be called for events of exactly that type, after the handlers subscribed
         before. What is subscribed twice is called twice.
-
-        An exception in a handler of a frame's input, that is of keys, clicks, the wheel or joysticks, is
-        reported on standard error, by way of sys.unraisablehook, and the game goes on; the rest of the input
-        waits for the next frame. From other events it reaches whoever fired them.
         @param(eventType, type)
         @param(eventHandler, callable)
         """
@@ -2039,8 +2010,7 @@ class Engine:
         @return(bool)
         """
     def getMouseDist(self) -> Tuple[int, int]:
-        """How far the last motion of the mouse in this frame went, in pixels of the window; motions before it do
-        not count. (0, 0) without a motion.
+        """How far the last motion of the mouse in this frame went, in pixels of the window.
         @return((int, int))
         """
     def getMousePos(self) -> Tuple[int, int]:
@@ -2106,6 +2076,6 @@ class Engine:
         """
     def saveScreenshot(self, filename: str) -> None:
         """Writes what the window shows, in the size of the window, as a PNG file, whatever its name; that
-        should therefore end with ".png". A failed write, as into a folder that does not exist, raises nothing.
+        should therefore end with ".png". A failed write raises nothing.
         @param(filename, str)
         """
