@@ -596,7 +596,8 @@ class Texture(Resource):
         @param(other, Texture)
         """
     def saveFile(self, filename: str) -> None:
-        """Writes the image as a PNG file; the name should end with '.png'. A failed write raises nothing.
+        """Writes the image as a PNG file; the name should end with '.png'. A failed write, as into a folder that
+        does not exist, raises nothing.
         @param(filename, str)
         """
     def __buffer__(self, __flags: int) -> memoryview: ...
@@ -1089,7 +1090,18 @@ class SpriteComponent:
         """
 
 class Level(Resource):
-    """A level resource."""
+    """A level resource.
+
+    Level() is an empty room of 30 by 30 cells with walls around it, all of one checkered texture.
+    Level(filename) reads two files, the grid `filename` and its description `filename` + '.json', and the
+    pictures that the description names; relative names start from the folder `assetsPath`, or else from that
+    of `filename`. Raises LevelFormatException for an invalid description, OSError for a file that cannot be
+    read, KeyError for a key that a sprite lacks. Entities that cannot be loaded are only reported on standard
+    error. docs/level-files.md tells all that the files may hold.
+
+    Some steps print lines: Level() a map of itself, an unknown component its name, saveFile the names of its
+    files. contextlib.redirect_stdout keeps them quiet.
+    """
     fogDensity: int
     """fog on walls and sprites per cell of distance, where 255 is solid, int"""
     groundFogDensity: int
@@ -1121,8 +1133,8 @@ class Level(Resource):
         """height in cells, int"""
     @property
     def textures(self) -> List[Texture]:
-        """list of the textures of the cells, by texture index. The renderer sees the
-        textures as they were when the level was loaded
+        """list of the textures of the cells, by texture index. The renderer draws those that were loaded with
+        the level, also when they are painted anew, but none that is appended or put in their place later
         """
     @property
     def sprites(self) -> List[Sprite]:
@@ -1412,7 +1424,9 @@ class UITheme:
     "fonts" and "colors" have names that the widgets look up. Files are relative to the theme file.
 
     A missing key raises KeyError, a color that is no hexadecimal number ValueError; failures to read
-    the files pass through.
+    the files pass through. What widgets look up is missed only when they do: all text needs a font
+    "aileron", text without a color of its own the color "fontColor", a filled background "background",
+    and each widget its pieces. docs/theme-file.md tells them all.
     """
     @property
     def widgets(self) -> _Dict:
@@ -1681,7 +1695,11 @@ class UIAnchoredContainer(AbstractUIContainer):
         """Removes all children."""
 
 class UIText(UIWidget):
-    """A UIText can be used to display text."""
+    """A UIText can be used to display text.
+
+    Its font is the one that the theme calls "aileron", its color, unless given, "fontColor"; KeyError if
+    the theme lacks them: the color when the text is attached to a renderer, the font in the next frame.
+    """
     text: str
     """the text; the same as getText and setText"""
     color: Optional[_Color]
@@ -1843,6 +1861,9 @@ class SliderValueChangedEvent(Event):
 class UIScrollPanel(AbstractUIContainer):
     """A UIScrollPanel shows one content widget through a viewport of fixed size, `width` by `height`. A
     scroll bar and the mouse wheel move the content up and down.
+
+    The bar is a UISlider and fires SliderValueChangedEvents like any other: compare the `target` of an event
+    with your own sliders. Where there is nothing to scroll, it reports a ZeroDivisionError in every frame.
     """
     content: UIWidget
     """the widget that is shown; assigning one replaces it"""
